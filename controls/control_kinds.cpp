@@ -1,0 +1,31 @@
+#include "controls/control_kinds.h"
+
+#include <array>
+
+#include "controls/display/label.h"
+#include "foundation/dispatch_object.h"
+
+namespace zk {
+namespace {
+
+template <typename Control>
+std::shared_ptr<ZKControl> Create(IControlSite& site) {
+  return std::make_shared<Control>(site);
+}
+
+const std::array kKinds = {
+    ControlKind{u"ZKLabel", &Create<ZKLabel>, 1935, 375, true, false, false},
+};
+
+}  // namespace
+
+std::span<const ControlKind> ControlKinds() { return kKinds; }
+
+const ControlKind* FindControlKind(std::u16string_view name) {
+  for (const ControlKind& kind : kKinds) {
+    if (MemberNameEquals(kind.name, name)) return &kind;
+  }
+  return nullptr;
+}
+
+}  // namespace zk

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <span>
+#include <string_view>
+
+#include "framework/control.h"
+
+namespace zk {
+
+// A kind of control as a form designer knows it: how to create one and how it is placed.
+struct ControlKind {
+  std::u16string_view name;
+  std::function<std::shared_ptr<ZKControl>(IControlSite&)> create;
+  // The size a newly placed control gets, in twips.
+  double width;
+  double height;
+  // Whether the host's extender offers Default and Cancel, and the TabStop a new one gets.
+  bool default_and_cancel;
+  bool tab_stop;
+  // Whether the control can take the focus.
+  bool can_focus;
+};
+
+// Every kind of control the library has, in the order the gallery shows them.
+std::span<const ControlKind> ControlKinds();
+// The kind of that name (compared without regard to case), or null.
+const ControlKind* FindControlKind(std::u16string_view name);
+
+}  // namespace zk

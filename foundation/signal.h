@@ -1,0 +1,107 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace zk {
+
+// Ends a signal connection when it is destroyed (or on Disconnect()); move-only.
+class ScopedConnection {
+ public:
+  ScopedConnection() = default;
+  explicit ScopedConnection(std::function<void()> disconnect)
+      : disconnect_(std::move(disconnect)) {}
+  ScopedConnection(const ScopedConnection&) = delete;
+  ScopedConnection& operator=(const ScopedConnection&) = delete;
+  ScopedConnection(ScopedConnection&& other) noexcept : disconnect_(std::move(other.disconnect_)) {
+    other.disconnect_ = nullptr;
+  }
+  ScopedConnection& operator=(ScopedConnection&& other) noexcept {
+    if (this != &other) {
+      Disconnect();
+      disconnect_ = std::move(other.disconnect_);
+      other.disconnect_ = nullptr;
+    }
+    return *this;
+  }
+  ~ScopedConnection() { Disconnect(); }
+
+  void Disconnect() {
+    if (disconnect_) {
+      auto disconnect = std::move(disconnect_);
+      disconnect_ = nullptr;
+      disconnect();
+    }
+  }
+
+ private:
+  std::function<void()> disconnect_;
+};
+
+// A list of handlers called in connection order. Arguments declared as references reach the
+// handlers as references, so a handler can change them and the emitter sees the change.
+// Handlers may connect or disconnect handlers (themselves included) while the signal runs;
+// a handler connected during an emission is first called by the next emission.
+template <typename... Args>
+class Signal {
+ public:
+  using Handler = std::function<void(Args...)>;
+
+  Signal() : state_(std::make_shared<State>()) {}
+  Signal(const Signal&) = delete;
+  Signal& operator=(const Signal&) = delete;
+
+  // Adds a handler; it stays connected until the returned connection ends.
+  [[nodiscard]] ScopedConnection Connect(Handler handler) {
+    const size_t id = ++state_->next_id;
+    state_->slots.push_back(Slot{id, std::make_shared<Handler>(std::move(handler))});
+    std::weak_ptr<State> weak = state_;
+    return ScopedConnection([weak, id] {
+      if (auto state = weak.lock()) {
+        for (auto& slot : state->slots) {
+          if (slot.id == id) slot.handler.reset();
+        }
+        if (state->emitting == 0) state->Compact();
+      }
+    });
+  }
+
+  // Calls every connected handler with the arguments.
+  void Emit(Args... args) const {
+    auto state = state_;
+    ++state->emitting;
+    const size_t count = state->slots.size();
+    for (size_t i = 0; i < count; ++i) {
+      std::shared_ptr<Handler> handler = state->slots[i].handler;
+      if (handler) (*handler)(args...);
+    }
+    if (--state->emitting == 0) state->Compact();
+  }
+
+  bool HasHandlers() const {
+    for (const auto& slot : state_->slots) {
+      if (slot.handler) return true;
+    }
+    return false;
+  }
+
+ private:
+  struct Slot {
+    size_t id;
+    std::shared_ptr<Handler> handler;
+  };
+  struct State {
+    std::vector<Slot> slots;
+    size_t next_id = 0;
+    int emitting = 0;
+    void Compact() {
+      std::erase_if(slots, [](const Slot& slot) { return !slot.handler; });
+    }
+  };
+  std::shared_ptr<State> state_;
+};
+
+}  // namespace zk

@@ -1,0 +1,136 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "foundation/dispatch_object.h"
+#include "foundation/signal.h"
+#include "framework/automation.h"
+#include "framework/control_event.h"
+#include "platform/host.h"
+#include "platform/std_font.h"
+
+namespace zk {
+
+// How an archive element is written and read.
+enum class ArchiveKind { kText, kNumber, kBool, kFont };
+
+// One element of a control's archive string after the extender block. By default the element
+// is read and written through the control's public property of that name, so that parsing
+// validates, notifies and lays out as a host's call does; `get` and `set` replace that for an
+// element that no property carries.
+struct ArchiveField {
+  ArchiveKind kind;
+  std::u16string_view property;
+  std::function<Variant(ZKControl&)> get = {};
+  std::function<void(ZKControl&, const Variant&)> set = {};
+};
+
+// The contract that every control carries: the common members, automation by name, the archive
+// string, cloning, the font copy, the event observer and the property-changed notification.
+class ZKControl : public DispatchObject {
+ public:
+  explicit ZKControl(IControlSite& site);
+  ~ZKControl() override;
+  ZKControl(const ZKControl&) = delete;
+  ZKControl& operator=(const ZKControl&) = delete;
+
+  // The control's class name ("ZKLabel").
+  virtual std::u16string_view Kind() const = 0;
+  // Its properties, methods and events by name.
+  virtual const AutomationTable& Automation() const = 0;
+
+  // The name the host gave the control (the extender's Name); the source of its traces.
+  std::u16string Name() const;
+
+  const std::u16string& ControlGroup() const { return control_group_; }
+  void SetControlGroup(std::u16string New_ControlGroup);
+  bool DesignMode() const { return design_mode_; }
+  virtual void SetDesignMode(bool New_DesignMode);
+  // The surface's enabled state; a write also reaches the inner elements that take input.
+  virtual bool Enabled() const;
+  virtual void SetEnabled(bool New_Enabled);
+  int32_t hWnd() const;
+  virtual void Refresh();
+  void PopupMenu(const Variant& Menu = {}, const Variant& Flags = {}, const Variant& X = {},
+                 const Variant& Y = {}, const Variant& DefaultMenu = {});
+  // Makes this control a copy of `p_obj` (any control of the same kind) through its archive
+  // string, asked for by name. A null object raises error 91, one without GetArchiveStr 438.
+  virtual void Clone(const ObjectRef& p_obj);
+  // The archive string; the empty text (and a trace) when an element cannot be built.
+  virtual std::u16string GetArchiveStr();
+  // Applies an archive string through the public setters; false (and a trace) at the first
+  // element that is missing or refused, with the elements before it applied.
+  virtual bool ParseArchiveStr(std::u16string_view p_str);
+  // Extension points: every name is accepted and nothing happens.
+  std::u16string ExtraProp(std::u16string_view p_propname) const;
+  void SetExtraProp(std::u16string_view p_propname, const Variant& value);
+  std::u16string ExtraAction(std::u16string_view p_action, const Variant& p_args = {});
+
+  // The control's own font object (never a caller's).
+  const FontRef& Font() const { return font_; }
+  // Takes a copy of New_Font; a null font is traced ("Font (SET)") and changes nothing.
+  void SetFont(FontRef New_Font);
+
+  // Design-time persistence through the host's property bag.
+  virtual void InitProperties() = 0;
+  virtual void ReadProperties(IPropertyBag& bag) = 0;
+  virtual void WriteProperties(IPropertyBag& bag) = 0;
+
+  // Every event the control raises, with its arguments.
+  EventObserver& EventRaised() { return event_raised_; }
+
+  Variant GetProperty(std::u16string_view name, std::span<const Variant> index = {}) override;
+  void SetProperty(std::u16string_view name, const Variant& value,
+                   std::span<const Variant> index = {}) override;
+  Variant CallMethod(std::u16string_view name, std::span<Variant> args = {}) override;
+
+  // A member that every control publishes, by its name (ControlGroup, DesignMode, Enabled,
+  // hWnd, Refresh, PopupMenu, Clone, GetArchiveStr, ParseArchiveStr, ExtraProp, ExtraAction,
+  // Font), for the controls' own tables in their interface order. Enabled carries its standard
+  // identifier; `dispid` gives another member one.
+  static MemberInfo CommonMember(std::u16string_view name, int32_t dispid = 0);
+
+ protected:
+  IControlSite& Site() { return site_; }
+  const IControlSite& Site() const { return site_; }
+  ISurface& Surface() { return site_.Surface(); }
+  const ISurface& Surface() const { return site_.Surface(); }
+
+  // Tells the host that a property changed.
+  void NotifyChanged(std::u16string_view property);
+
+  // The elements after the extender block, in archive order.
+  virtual std::span<const ArchiveField> ArchiveFields() const = 0;
+  // The trace procedure of a failed parse at `element` ("ParseArchiveStr (el: 3)").
+  virtual std::u16string ParseFailureProcedure(int element) const;
+
+  // The control's font became another object or changed: give it to the inner elements and
+  // lay out.
+  virtual void OnFontChanged() {}
+  // The inner elements that react to input take the enabled state.
+  virtual void OnEnabledChanged(bool /*enabled*/) {}
+  // The container changed an ambient property.
+  virtual void OnAmbientChanged(std::u16string_view /*property*/) {}
+
+  // Makes `font` the control's font object without notifying (reading stored properties).
+  void AdoptFont(FontRef font);
+  // Stores the common fields without notifying (reading stored properties).
+  void StoreControlGroup(std::u16string group) { control_group_ = std::move(group); }
+  void StoreDesignMode(bool design_mode) { design_mode_ = design_mode; }
+
+ private:
+  IControlSite& site_;
+  std::u16string control_group_;
+  bool design_mode_ = false;
+  FontRef font_;
+  ScopedConnection font_connection_;
+  ScopedConnection ambient_connection_;
+  EventObserver event_raised_;
+};
+
+}  // namespace zk

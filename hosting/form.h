@@ -1,0 +1,87 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "controls/control_kinds.h"
+#include "framework/control.h"
+#include "hosting/form_file.h"
+#include "platform/elements.h"
+
+namespace zk {
+
+class IPlatform;
+
+// A form that hosts controls as a form designer and a running program do: it places controls
+// (a new one gets InitProperties, a loaded one ReadProperties), keeps each one's extender, saves
+// and loads all of them as a form file, and delivers input on the platform's event path. The
+// platform of a concrete form supplies the sites, the ambient properties and the input.
+class Form {
+ public:
+  explicit Form(IPlatform& platform);
+  virtual ~Form();
+  Form(const Form&) = delete;
+  Form& operator=(const Form&) = delete;
+
+  // Places a new control of that kind as a designer does; its TabIndex follows the order of
+  // creation. Throws ZKError 5 for an unknown kind or a name that is taken or not a name.
+  ZKControl& AddControl(std::u16string_view kind, std::u16string_view name);
+  ZKControl* FindControl(std::u16string_view name);
+  // The host-side properties of a placed control, by name.
+  DispatchObject* FindExtender(std::u16string_view name);
+  std::vector<ZKControl*> Controls();
+  void RemoveAll();
+
+  // The form file of every control (WriteProperties), and its reverse: the form's controls
+  // are replaced by those of the file (ReadProperties). A file that cannot be read changes
+  // nothing and raises ZKError 31037.
+  std::string SaveText();
+  void LoadText(std::string_view text);
+
+  // The ambient properties by name: BackColor, ForeColor, Font, UserMode, and the screen's
+  // TwipsPerPixel where the platform lets it be set.
+  virtual Variant Ambient(std::u16string_view name) = 0;
+  virtual void SetAmbient(std::u16string_view name, const Variant& value) = 0;
+
+  // Input, at (x, y) twips in the control's coordinates.
+  virtual void DeliverMouse(std::u16string_view name, MouseAction action, int16_t button,
+                            int16_t shift, float x, float y) = 0;
+  // Gives the focus to the control; false when it cannot take it.
+  virtual bool Focus(std::u16string_view name) = 0;
+  // Types the keys (SendKeys notation) into the control that has the focus.
+  virtual void TypeKeys(std::u16string_view keys) = 0;
+  virtual void Wheel(std::u16string_view name, int32_t delta) = 0;
+  // Lets the given milliseconds pass, delivering what falls due.
+  virtual void Wait(int32_t milliseconds) = 0;
+
+  // The property-changed notifications since the last call, oldest first.
+  virtual std::vector<std::pair<std::u16string, std::u16string>> TakePropertyChanges() = 0;
+
+ protected:
+  struct Placed {
+    const ControlKind* kind;
+    std::unique_ptr<IControlSite> site;
+    std::shared_ptr<ZKControl> control;
+  };
+
+  // A new site for a control of that kind and name, with its extender prepared (sizes
+  // excepted) and its window on the form.
+  virtual std::unique_ptr<IControlSite> CreateSite(const ControlKind& kind,
+                                                   std::u16string_view name) = 0;
+  // Connects the extender's Enabled to the control once it exists.
+  virtual void BindExtender(IControlSite& site, ZKControl& control) = 0;
+  std::vector<Placed>& PlacedControls() { return placed_; }
+  Placed* FindPlaced(std::u16string_view name);
+  IPlatform& Platform() { return platform_; }
+
+ private:
+  Placed& Place(const ControlKind& kind, std::u16string_view name,
+                const MemoryPropertyBag* extender_values);
+
+  IPlatform& platform_;
+  std::vector<Placed> placed_;
+};
+
+}  // namespace zk

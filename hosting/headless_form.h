@@ -1,0 +1,54 @@
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "hosting/form.h"
+#include "platform/headless/headless_ambient.h"
+#include "platform/headless/headless_control_site.h"
+#include "platform/headless/headless_platform.h"
+
+namespace zk {
+
+// A form on the headless platform: the defaults of a classic desktop form (button-face back
+// colour, button-text fore colour, "MS Sans Serif" 8.25, run mode), controls in a window of the
+// platform's window tree, and input delivered synchronously.
+class HeadlessForm final : public Form {
+ public:
+  explicit HeadlessForm(HeadlessPlatform& platform);
+  ~HeadlessForm() override;
+
+  HeadlessAmbient& AmbientProperties() { return ambient_; }
+  WindowHandle hWnd() const { return window_; }
+  HeadlessControlSite* FindSite(std::u16string_view name);
+  // The control that has the focus, or null.
+  ZKControl* FocusedControl();
+
+  Variant Ambient(std::u16string_view name) override;
+  void SetAmbient(std::u16string_view name, const Variant& value) override;
+  void DeliverMouse(std::u16string_view name, MouseAction action, int16_t button, int16_t shift,
+                    float x, float y) override;
+  bool Focus(std::u16string_view name) override;
+  void TypeKeys(std::u16string_view keys) override;
+  void Wheel(std::u16string_view name, int32_t delta) override;
+  void Wait(int32_t milliseconds) override;
+  std::vector<std::pair<std::u16string, std::u16string>> TakePropertyChanges() override;
+
+ protected:
+  std::unique_ptr<IControlSite> CreateSite(const ControlKind& kind,
+                                           std::u16string_view name) override;
+  void BindExtender(IControlSite& site, ZKControl& control) override;
+
+ private:
+  bool CanFocus(Placed& placed);
+  void MoveFocus(bool backwards);
+  void SetFocusTo(Placed* placed);
+
+  HeadlessPlatform& platform_;
+  HeadlessAmbient ambient_;
+  WindowHandle window_;
+  ZKControl* focused_ = nullptr;
+};
+
+}  // namespace zk

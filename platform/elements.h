@@ -1,0 +1,80 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "foundation/signal.h"
+#include "platform/font_catalogue.h"
+#include "platform/types.h"
+
+namespace zk {
+
+// Mouse arguments as the platform reports them: the buttons (1 left, 2 right, 4 middle), the
+// modifier keys (1 Shift, 2 Ctrl, 4 Alt) and the position in twips, relative to the element.
+using MouseSignal = Signal<int16_t, int16_t, float, float>;
+
+// The mouse actions that input can deliver to a control (tests and scripts synthesise them).
+enum class MouseAction { kDown, kMove, kUp, kClick, kDblClick };
+
+// What every child element of a control has: a place in twips relative to the control's inner
+// area, visibility, enabled state, a tooltip and the mouse events of its own area.
+class IElement {
+ public:
+  virtual ~IElement() = default;
+
+  virtual double Left() const = 0;
+  virtual double Top() const = 0;
+  virtual double Width() const = 0;
+  virtual double Height() const = 0;
+  virtual void Move(double left, double top, double width, double height) = 0;
+  void SetLeft(double left) { Move(left, Top(), Width(), Height()); }
+  void SetTop(double top) { Move(Left(), top, Width(), Height()); }
+  void SetWidth(double width) { Move(Left(), Top(), width, Height()); }
+  void SetHeight(double height) { Move(Left(), Top(), Width(), height); }
+
+  virtual bool Visible() const = 0;
+  virtual void SetVisible(bool visible) = 0;
+  virtual bool Enabled() const = 0;
+  virtual void SetEnabled(bool enabled) = 0;
+  virtual std::u16string ToolTipText() const = 0;
+  virtual void SetToolTipText(std::u16string_view text) = 0;
+  // Repaints the element now.
+  virtual void Refresh() = 0;
+
+  virtual Signal<>& Click() = 0;
+  virtual Signal<>& DblClick() = 0;
+  virtual MouseSignal& MouseDown() = 0;
+  virtual MouseSignal& MouseMove() = 0;
+  virtual MouseSignal& MouseUp() = 0;
+};
+
+// A text label. With automatic sizing on it fits its text: without word wrap both width and
+// height fit the (one-line, or CR LF separated) text; with word wrap it keeps its width and fits
+// its height to the wrapped text. With UseMnemonic an "&" marks the next character as the access
+// key and "&&" shows one "&".
+class ILabelElement : public IElement {
+ public:
+  virtual std::u16string Caption() const = 0;
+  virtual void SetCaption(std::u16string_view caption) = 0;
+  // 0 left, 1 right, 2 centre.
+  virtual int16_t Alignment() const = 0;
+  virtual void SetAlignment(int16_t alignment) = 0;
+  virtual OLE_COLOR ForeColor() const = 0;
+  virtual void SetForeColor(OLE_COLOR color) = 0;
+  virtual OLE_COLOR BackColor() const = 0;
+  virtual void SetBackColor(OLE_COLOR color) = 0;
+  // 0 transparent (the surface shows through), 1 opaque.
+  virtual int16_t BackStyle() const = 0;
+  virtual void SetBackStyle(int16_t style) = 0;
+  virtual FontDescription Font() const = 0;
+  virtual void SetFont(const FontDescription& font) = 0;
+  virtual bool WordWrap() const = 0;
+  virtual void SetWordWrap(bool word_wrap) = 0;
+  virtual bool UseMnemonic() const = 0;
+  virtual void SetUseMnemonic(bool use_mnemonic) = 0;
+  virtual bool AutoSize() const = 0;
+  virtual void SetAutoSize(bool auto_size) = 0;
+};
+
+}  // namespace zk

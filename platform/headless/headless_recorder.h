@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "foundation/debug_utils.h"
+
+namespace zk {
+
+// One property-changed notification: the control's name and the property's name.
+struct PropertyChangeRecord {
+  std::u16string control;
+  std::u16string property;
+  bool operator==(const PropertyChangeRecord&) const = default;
+};
+
+// What the headless platform saw happen, for tests and the script host to assert.
+struct HeadlessRecorder {
+  std::vector<MDebugUtils::TraceRecord> traces;
+  std::vector<PropertyChangeRecord> property_changes;
+  int beeps = 0;
+
+  void Clear() {
+    traces.clear();
+    property_changes.clear();
+    beeps = 0;
+  }
+};
+
+}  // namespace zk

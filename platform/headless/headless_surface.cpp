@@ -1,0 +1,166 @@
+#include "platform/headless/headless_surface.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "platform/headless/headless_label.h"
+#include "platform/headless/headless_platform.h"
+
+namespace zk {
+
+// The elements created on a surface, in creation order (the last one is on top). Elements
+// outlive nothing here: each one removes itself when it is destroyed.
+class HeadlessSurface::ElementList {
+ public:
+  void Add(IElement* element) { elements_.push_back(element); }
+  void Remove(IElement* element) { std::erase(elements_, element); }
+  IElement* TopmostAt(double x, double y) const {
+    for (auto it = elements_.rbegin(); it != elements_.rend(); ++it) {
+      IElement* element = *it;
+      if (element->Visible() && element->Enabled() && x >= element->Left() &&
+          y >= element->Top() && x < element->Left() + element->Width() &&
+          y < element->Top() + element->Height()) {
+        return element;
+      }
+    }
+    return nullptr;
+  }
+
+ private:
+  std::vector<IElement*> elements_;
+};
+
+namespace {
+
+// An element that keeps itself in its surface's list while it lives.
+template <typename Element>
+class Registered final : public Element {
+ public:
+  template <typename... Args>
+  explicit Registered(std::weak_ptr<HeadlessSurface::ElementList> list, Args&&... args)
+      : Element(std::forward<Args>(args)...), list_(std::move(list)) {
+    if (auto list_alive = list_.lock()) list_alive->Add(this);
+  }
+  ~Registered() override {
+    if (auto list_alive = list_.lock()) list_alive->Remove(this);
+  }
+
+ private:
+  std::weak_ptr<HeadlessSurface::ElementList> list_;
+};
+
+int32_t ToPixels(double twips, double twips_per_pixel) {
+  return static_cast<int32_t>(std::lround(twips / twips_per_pixel));
+}
+
+}  // namespace
+
+HeadlessSurface::HeadlessSurface(HeadlessPlatform& platform, HeadlessExtender& extender,
+                                 WindowHandle parent_window)
+    : platform_(platform),
+      extender_(extender),
+      back_color_(0x8000000F),
+      elements_(std::make_shared<ElementList>()) {
+  const double tpp_x = platform_.Screen().TwipsPerPixelX();
+  const double tpp_y = platform_.Screen().TwipsPerPixelY();
+  window_ = platform_.Windows().CreateWindow(
+      parent_window, u"ZKControl",
+      {ToPixels(extender_.Left(), tpp_x), ToPixels(extender_.Top(), tpp_y),
+       ToPixels(extender_.Left() + extender_.Width(), tpp_x),
+       ToPixels(extender_.Top() + extender_.Height(), tpp_y)},
+      0x50000000);
+  last_width_ = extender_.Width();
+  last_height_ = extender_.Height();
+  extender_connection_ = extender_.PropertyWritten().Connect(
+      [this](std::u16string_view property) { FollowExtender(property); });
+}
+
+HeadlessSurface::~HeadlessSurface() { platform_.Windows().DestroyWindow(window_); }
+
+double HeadlessSurface::BorderTwips(double twips_per_pixel) const {
+  if (border_style_ == 0) return 0;
+  return (appearance_ == 1 ? 2 : 1) * twips_per_pixel;
+}
+
+double HeadlessSurface::ScaleWidth() const {
+  return std::max(0.0, Width() - 2 * BorderTwips(platform_.Screen().TwipsPerPixelX()));
+}
+
+double HeadlessSurface::ScaleHeight() const {
+  return std::max(0.0, Height() - 2 * BorderTwips(platform_.Screen().TwipsPerPixelY()));
+}
+
+void HeadlessSurface::SetSize(double width, double height) {
+  extender_.Move(extender_.Left(), extender_.Top(), width, height);
+}
+
+void HeadlessSurface::SetBorderStyle(int16_t style) { border_style_ = style; }
+
+void HeadlessSurface::SetAppearance(int16_t appearance) {
+  appearance_ = appearance;
+  back_color_ = appearance == 1 ? 0x8000000F : 0x80000005;
+}
+
+void HeadlessSurface::PopupMenu(const Variant&, const Variant&, const Variant&, const Variant&,
+                                const Variant&) {
+  ++popup_menu_count_;
+}
+
+std::unique_ptr<ILabelElement> HeadlessSurface::CreateLabel() {
+  auto& catalogue = *platform_.FontCatalogue();
+  return std::make_unique<Registered<HeadlessLabel>>(elements_, catalogue, platform_.Screen(),
+                                                     catalogue.DefaultFont());
+}
+
+void HeadlessSurface::FollowExtender(std::u16string_view property) {
+  if (property != u"Move" && property != u"Top" && property != u"Left" &&
+      property != u"Width" && property != u"Height") {
+    return;
+  }
+  const double tpp_x = platform_.Screen().TwipsPerPixelX();
+  const double tpp_y = platform_.Screen().TwipsPerPixelY();
+  platform_.Windows().MoveWindow(
+      window_, {ToPixels(extender_.Left(), tpp_x), ToPixels(extender_.Top(), tpp_y),
+                ToPixels(extender_.Left() + extender_.Width(), tpp_x),
+                ToPixels(extender_.Top() + extender_.Height(), tpp_y)});
+  if (extender_.Width() != last_width_ || extender_.Height() != last_height_) {
+    last_width_ = extender_.Width();
+    last_height_ = extender_.Height();
+    resized_.Emit();
+  }
+}
+
+void HeadlessSurface::Deliver(MouseAction action, int16_t button, int16_t shift, float x,
+                              float y) {
+  if (!enabled_) return;
+  IElement* element = elements_->TopmostAt(x, y);
+  Signal<>* click = element ? &element->Click() : &click_;
+  Signal<>* dbl_click = element ? &element->DblClick() : &dbl_click_;
+  MouseSignal* down = element ? &element->MouseDown() : &mouse_down_;
+  MouseSignal* move = element ? &element->MouseMove() : &mouse_move_;
+  MouseSignal* up = element ? &element->MouseUp() : &mouse_up_;
+  if (element) {
+    x -= static_cast<float>(element->Left());
+    y -= static_cast<float>(element->Top());
+  }
+  switch (action) {
+    case MouseAction::kDown:
+      down->Emit(button, shift, x, y);
+      break;
+    case MouseAction::kMove:
+      move->Emit(button, shift, x, y);
+      break;
+    case MouseAction::kUp:
+      up->Emit(button, shift, x, y);
+      break;
+    case MouseAction::kClick:
+      click->Emit();
+      break;
+    case MouseAction::kDblClick:
+      dbl_click->Emit();
+      break;
+  }
+}
+
+}  // namespace zk

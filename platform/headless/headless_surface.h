@@ -1,0 +1,99 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "platform/headless/headless_extender.h"
+#include "platform/surface.h"
+
+namespace zk {
+
+class HeadlessPlatform;
+
+// A control's area on a headless form: a window in the form's window tree, sized by the
+// control's extender. A border takes one pixel on each side (two with the 3-D appearance).
+// Mouse input delivered with Deliver() goes to the topmost visible and enabled element under
+// the point (the one created last), in that element's coordinates, or to the surface itself.
+class HeadlessSurface final : public ISurface {
+ public:
+  HeadlessSurface(HeadlessPlatform& platform, HeadlessExtender& extender,
+                  WindowHandle parent_window);
+  ~HeadlessSurface() override;
+
+  WindowHandle hWnd() const override { return window_; }
+  int32_t hDC() const override { return window_ + 1; }
+  double Width() const override { return extender_.Width(); }
+  double Height() const override { return extender_.Height(); }
+  double ScaleWidth() const override;
+  double ScaleHeight() const override;
+  void SetSize(double width, double height) override;
+
+  OLE_COLOR BackColor() const override { return back_color_; }
+  void SetBackColor(OLE_COLOR color) override { back_color_ = color; }
+  int16_t BorderStyle() const override { return border_style_; }
+  void SetBorderStyle(int16_t style) override;
+  int16_t Appearance() const override { return appearance_; }
+  void SetAppearance(int16_t appearance) override;
+  bool Enabled() const override { return enabled_; }
+  void SetEnabled(bool enabled) override { enabled_ = enabled; }
+  int16_t MousePointer() const override { return mouse_pointer_; }
+  void SetMousePointer(int16_t shape) override { mouse_pointer_ = shape; }
+
+  void Refresh() override { ++refresh_count_; }
+  void PopupMenu(const Variant& menu, const Variant& flags, const Variant& x, const Variant& y,
+                 const Variant& default_menu) override;
+
+  std::unique_ptr<ILabelElement> CreateLabel() override;
+
+  Signal<>& Resized() override { return resized_; }
+  Signal<>& Click() override { return click_; }
+  Signal<>& DblClick() override { return dbl_click_; }
+  MouseSignal& MouseDown() override { return mouse_down_; }
+  MouseSignal& MouseMove() override { return mouse_move_; }
+  MouseSignal& MouseUp() override { return mouse_up_; }
+  Signal<int16_t&, int16_t&>& KeyDown() override { return key_down_; }
+  Signal<int16_t&>& KeyPress() override { return key_press_; }
+  Signal<int16_t&, int16_t&>& KeyUp() override { return key_up_; }
+  Signal<>& GotFocus() override { return got_focus_; }
+  Signal<>& LostFocus() override { return lost_focus_; }
+
+  // Delivers one mouse action at (x, y), twips in the control's inner coordinates.
+  void Deliver(MouseAction action, int16_t button, int16_t shift, float x, float y);
+
+  int RefreshCount() const { return refresh_count_; }
+  int PopupMenuCount() const { return popup_menu_count_; }
+
+  class ElementList;
+
+ private:
+  double BorderTwips(double twips_per_pixel) const;
+  void FollowExtender(std::u16string_view property);
+
+  HeadlessPlatform& platform_;
+  HeadlessExtender& extender_;
+  WindowHandle window_ = 0;
+  OLE_COLOR back_color_;
+  int16_t border_style_ = 0;
+  int16_t appearance_ = 1;
+  bool enabled_ = true;
+  int16_t mouse_pointer_ = 0;
+  int refresh_count_ = 0;
+  int popup_menu_count_ = 0;
+  double last_width_ = 0;
+  double last_height_ = 0;
+  std::shared_ptr<ElementList> elements_;
+  ScopedConnection extender_connection_;
+  Signal<> resized_;
+  Signal<> click_;
+  Signal<> dbl_click_;
+  MouseSignal mouse_down_;
+  MouseSignal mouse_move_;
+  MouseSignal mouse_up_;
+  Signal<int16_t&, int16_t&> key_down_;
+  Signal<int16_t&> key_press_;
+  Signal<int16_t&, int16_t&> key_up_;
+  Signal<> got_focus_;
+  Signal<> lost_focus_;
+};
+
+}  // namespace zk

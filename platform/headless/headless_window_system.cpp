@@ -1,0 +1,178 @@
+#include "platform/headless/headless_window_system.h"
+
+#include <utility>
+
+#include "platform/window_messages.h"
+
+namespace zk {
+namespace {
+
+constexpr int32_t kLargestItemHeight = 255;
+
+}  // namespace
+
+HeadlessWindowSystem::HeadlessWindowSystem() {
+  class_procedure_ = RegisterWindowProcedure(
+      [this](WindowHandle window, uint32_t message, int32_t wparam, int32_t lparam) {
+        return ClassProcedure(window, message, wparam, lparam);
+      });
+}
+
+HeadlessWindowSystem::~HeadlessWindowSystem() = default;
+
+WindowHandle HeadlessWindowSystem::CreateWindow(WindowHandle parent, std::u16string class_name,
+                                                PixelRect bounds, int32_t style) {
+  if (parent != 0 && !IsWindow(parent)) return 0;
+  const WindowHandle handle = next_handle_;
+  next_handle_ += 4;
+  Window window;
+  window.parent = parent;
+  window.class_name = std::move(class_name);
+  window.bounds = bounds;
+  window.style = style;
+  window.procedure = class_procedure_;
+  windows_.emplace(handle, std::move(window));
+  return handle;
+}
+
+bool HeadlessWindowSystem::DestroyWindow(WindowHandle window) {
+  if (!IsWindow(window)) return false;
+  SendMessage(window, window_message::kDestroy, 0, 0);
+  for (WindowHandle child : Children(window))
+    DestroyWindow(child);
+  SendMessage(window, window_message::kNcDestroy, 0, 0);
+  windows_.erase(window);
+  if (active_window_ == window) active_window_ = 0;
+  if (capture_ == window) capture_ = 0;
+  return true;
+}
+
+bool HeadlessWindowSystem::MoveWindow(WindowHandle window, PixelRect bounds) {
+  auto found = windows_.find(window);
+  if (found == windows_.end()) return false;
+  found->second.bounds = bounds;
+  return true;
+}
+
+WindowHandle HeadlessWindowSystem::Parent(WindowHandle window) const {
+  auto found = windows_.find(window);
+  return found == windows_.end() ? 0 : found->second.parent;
+}
+
+std::vector<WindowHandle> HeadlessWindowSystem::Children(WindowHandle window) const {
+  std::vector<WindowHandle> children;
+  for (const auto& [handle, record] : windows_) {
+    if (record.parent == window) children.push_back(handle);
+  }
+  return children;
+}
+
+int32_t HeadlessWindowSystem::ListHorizontalExtent(WindowHandle list_box) const {
+  auto found = windows_.find(list_box);
+  return found == windows_.end() ? 0 : found->second.horizontal_extent;
+}
+
+bool HeadlessWindowSystem::IsWindow(WindowHandle window) const {
+  return window != 0 && windows_.contains(window);
+}
+
+PixelPoint HeadlessWindowSystem::ClientOrigin(WindowHandle window) const {
+  PixelPoint origin;
+  for (auto found = windows_.find(window); found != windows_.end();
+       found = windows_.find(found->second.parent)) {
+    origin.x += found->second.bounds.left;
+    origin.y += found->second.bounds.top;
+  }
+  return origin;
+}
+
+bool HeadlessWindowSystem::GetWindowRect(WindowHandle window, PixelRect& rect) const {
+  auto found = windows_.find(window);
+  if (found == windows_.end()) return false;
+  const PixelPoint origin = ClientOrigin(window);
+  rect = {origin.x, origin.y, origin.x + found->second.bounds.Width(),
+          origin.y + found->second.bounds.Height()};
+  return true;
+}
+
+bool HeadlessWindowSystem::ScreenToClient(WindowHandle window, PixelPoint& point) const {
+  if (!IsWindow(window)) return false;
+  const PixelPoint origin = ClientOrigin(window);
+  point.x -= origin.x;
+  point.y -= origin.y;
+  return true;
+}
+
+int32_t HeadlessWindowSystem::GetWindowLong(WindowHandle window, int32_t index) const {
+  auto found = windows_.find(window);
+  if (found == windows_.end()) return 0;
+  if (index == window_long::kStyle) return found->second.style;
+  if (index == window_long::kWindowProcedure) return found->second.procedure;
+  return 0;
+}
+
+int32_t HeadlessWindowSystem::SetWindowLong(WindowHandle window, int32_t index, int32_t value) {
+  auto found = windows_.find(window);
+  if (found == windows_.end()) return 0;
+  if (index == window_long::kStyle) return std::exchange(found->second.style, value);
+  if (index == window_long::kWindowProcedure) {
+    if (!procedures_.contains(value)) return 0;
+    return std::exchange(found->second.procedure, value);
+  }
+  return 0;
+}
+
+int32_t HeadlessWindowSystem::SendMessage(WindowHandle window, uint32_t message, int32_t wparam,
+                                          int32_t lparam) {
+  auto found = windows_.find(window);
+  if (found == windows_.end()) return 0;
+  return CallWindowProc(found->second.procedure, window, message, wparam, lparam);
+}
+
+int32_t HeadlessWindowSystem::CallWindowProc(int32_t address, WindowHandle window, uint32_t message,
+                                             int32_t wparam, int32_t lparam) {
+  auto found = procedures_.find(address);
+  if (found == procedures_.end()) return 0;
+  // A copy: the procedure may release itself or others while it runs.
+  WindowProcedure procedure = found->second;
+  return procedure(window, message, wparam, lparam);
+}
+
+int32_t HeadlessWindowSystem::RegisterWindowProcedure(WindowProcedure procedure) {
+  const int32_t address = next_procedure_;
+  next_procedure_ += 16;
+  procedures_.emplace(address, std::move(procedure));
+  return address;
+}
+
+void HeadlessWindowSystem::ReleaseWindowProcedure(int32_t address) {
+  if (address != class_procedure_) procedures_.erase(address);
+}
+
+bool HeadlessWindowSystem::ReleaseCapture() {
+  capture_ = 0;
+  return true;
+}
+
+int32_t HeadlessWindowSystem::ClassProcedure(WindowHandle window, uint32_t message, int32_t wparam,
+                                             int32_t lparam) {
+  delivered_.push_back({window, message, wparam, lparam});
+  auto found = windows_.find(window);
+  if (found == windows_.end() || found->second.class_name != u"ListBox") return 0;
+  Window& list_box = found->second;
+  switch (message) {
+    case window_message::kListGetItemHeight:
+      return list_box.item_height;
+    case window_message::kListSetItemHeight:
+      if (lparam < 1 || lparam > kLargestItemHeight) return window_message::kListError;
+      list_box.item_height = lparam;
+      return 0;
+    case window_message::kListSetHorizontalExtent:
+      list_box.horizontal_extent = wparam;
+      return 0;
+    default:
+      return 0;
+  }
+}
+
+}  // namespace zk

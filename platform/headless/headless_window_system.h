@@ -1,0 +1,89 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/window_system.h"
+
+namespace zk {
+
+// A message that reached a window's own (class) procedure.
+struct MessageRecord {
+  WindowHandle window = 0;
+  uint32_t message = 0;
+  int32_t wparam = 0;
+  int32_t lparam = 0;
+  bool operator==(const MessageRecord&) const = default;
+};
+
+// An in-memory window tree. A window's rectangle is kept relative to its parent's client area
+// (the screen for a top-level window); windows have no non-client frame, so the client area is
+// the whole window. Every window starts with its class procedure, which records the messages
+// it receives and answers the list box messages for the class "ListBox" (row height 13 pixels
+// by default, heights from 1 to 255 accepted, a horizontal extent).
+class HeadlessWindowSystem final : public IWindowSystem {
+ public:
+  HeadlessWindowSystem();
+  ~HeadlessWindowSystem() override;
+
+  // Creates a window and returns its handle; 0 when the parent does not exist.
+  WindowHandle CreateWindow(WindowHandle parent, std::u16string class_name, PixelRect bounds,
+                            int32_t style = 0);
+  // Destroys the window and its children: kDestroy to the window, then its children are
+  // destroyed, then kNcDestroy, each through the window's current procedure.
+  bool DestroyWindow(WindowHandle window);
+  bool MoveWindow(WindowHandle window, PixelRect bounds);
+  WindowHandle Parent(WindowHandle window) const;
+  std::vector<WindowHandle> Children(WindowHandle window) const;
+  size_t WindowCount() const { return windows_.size(); }
+  // The horizontal extent a list box was given, in pixels (0 for none or no list box).
+  int32_t ListHorizontalExtent(WindowHandle list_box) const;
+
+  void SetActiveWindow(WindowHandle window) { active_window_ = window; }
+  void SetCapture(WindowHandle window) { capture_ = window; }
+  WindowHandle Capture() const { return capture_; }
+
+  // The messages that windows' class procedures received, oldest first.
+  const std::vector<MessageRecord>& DeliveredMessages() const { return delivered_; }
+  void ClearDeliveredMessages() { delivered_.clear(); }
+
+  bool IsWindow(WindowHandle window) const override;
+  bool GetWindowRect(WindowHandle window, PixelRect& rect) const override;
+  bool ScreenToClient(WindowHandle window, PixelPoint& point) const override;
+  int32_t GetWindowLong(WindowHandle window, int32_t index) const override;
+  int32_t SetWindowLong(WindowHandle window, int32_t index, int32_t value) override;
+  int32_t SendMessage(WindowHandle window, uint32_t message, int32_t wparam,
+                      int32_t lparam) override;
+  int32_t CallWindowProc(int32_t address, WindowHandle window, uint32_t message, int32_t wparam,
+                         int32_t lparam) override;
+  int32_t RegisterWindowProcedure(WindowProcedure procedure) override;
+  void ReleaseWindowProcedure(int32_t address) override;
+  bool ReleaseCapture() override;
+  WindowHandle GetActiveWindow() const override { return active_window_; }
+
+ private:
+  struct Window {
+    WindowHandle parent = 0;
+    std::u16string class_name;
+    PixelRect bounds;
+    int32_t style = 0;
+    int32_t procedure = 0;
+    int32_t item_height = 13;
+    int32_t horizontal_extent = 0;
+  };
+
+  int32_t ClassProcedure(WindowHandle window, uint32_t message, int32_t wparam, int32_t lparam);
+  PixelPoint ClientOrigin(WindowHandle window) const;
+
+  std::map<WindowHandle, Window> windows_;
+  std::map<int32_t, WindowProcedure> procedures_;
+  int32_t class_procedure_ = 0;
+  WindowHandle next_handle_ = 0x00010010;
+  int32_t next_procedure_ = 0x00401000;
+  WindowHandle active_window_ = 0;
+  WindowHandle capture_ = 0;
+  std::vector<MessageRecord> delivered_;
+};
+
+}  // namespace zk

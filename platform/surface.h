@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "foundation/signal.h"
+#include "foundation/variant.h"
+#include "platform/elements.h"
+#include "platform/types.h"
+
+namespace zk {
+
+// The control's own on-screen area: its window, size, back colour, border and appearance,
+// enabled state, repaint and pop-up menu, and the factory of its child elements. Its mouse
+// events report positions in twips relative to the inner area.
+class ISurface {
+ public:
+  virtual ~ISurface() = default;
+
+  virtual WindowHandle hWnd() const = 0;
+  virtual int32_t hDC() const = 0;
+
+  // Outer size in twips, as the host's extender reports it.
+  virtual double Width() const = 0;
+  virtual double Height() const = 0;
+  // Inner size in twips: the outer size less the border.
+  virtual double ScaleWidth() const = 0;
+  virtual double ScaleHeight() const = 0;
+  // Resizes the control; the host's extender follows and Resized is raised.
+  virtual void SetSize(double width, double height) = 0;
+
+  virtual OLE_COLOR BackColor() const = 0;
+  virtual void SetBackColor(OLE_COLOR color) = 0;
+  // 0 none, 1 a one-pixel border.
+  virtual int16_t BorderStyle() const = 0;
+  virtual void SetBorderStyle(int16_t style) = 0;
+  // 0 flat, 1 3-D. Changing it resets the back colour to the appearance's own default
+  // (button face for 3-D, window background for flat), as the classic surface does.
+  virtual int16_t Appearance() const = 0;
+  virtual void SetAppearance(int16_t appearance) = 0;
+  virtual bool Enabled() const = 0;
+  virtual void SetEnabled(bool enabled) = 0;
+  // The pointer shape over the surface (mouse_pointer constants).
+  virtual int16_t MousePointer() const = 0;
+  virtual void SetMousePointer(int16_t shape) = 0;
+
+  virtual void Refresh() = 0;
+  // Shows a pop-up menu; the arguments are passed on unchanged.
+  virtual void PopupMenu(const Variant& menu, const Variant& flags, const Variant& x,
+                         const Variant& y, const Variant& default_menu) = 0;
+
+  virtual std::unique_ptr<ILabelElement> CreateLabel() = 0;
+
+  // Raised after the size changed (by the host or by SetSize).
+  virtual Signal<>& Resized() = 0;
+  virtual Signal<>& Click() = 0;
+  virtual Signal<>& DblClick() = 0;
+  virtual MouseSignal& MouseDown() = 0;
+  virtual MouseSignal& MouseMove() = 0;
+  virtual MouseSignal& MouseUp() = 0;
+  // Keys while the control has the focus: key code and modifier keys (1 Shift, 2 Ctrl, 4 Alt)
+  // for KeyDown and KeyUp, the character code for KeyPress. Handlers may change the values;
+  // a KeyPress character set to 0 is not typed.
+  virtual Signal<int16_t&, int16_t&>& KeyDown() = 0;
+  virtual Signal<int16_t&>& KeyPress() = 0;
+  virtual Signal<int16_t&, int16_t&>& KeyUp() = 0;
+  virtual Signal<>& GotFocus() = 0;
+  virtual Signal<>& LostFocus() = 0;
+};
+
+}  // namespace zk
