@@ -19,7 +19,9 @@ const std::array kKinds = {
 
 }  // namespace
 
-std::span<const ControlKind> ControlKinds() { return kKinds; }
+std::span<const ControlKind> ControlKinds() {
+  return kKinds;
+}
 
 const ControlKind* FindControlKind(std::u16string_view name) {
   for (const ControlKind& kind : kKinds) {

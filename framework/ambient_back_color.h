@@ -16,7 +16,8 @@ class AmbientBackColorBinding {
  public:
   // `set_back_color` is the control's public BackColor setter; `notify` its property-changed
   // notification.
-  AmbientBackColorBinding(IAmbientProperties& ambient, std::function<void(OLE_COLOR)> set_back_color,
+  AmbientBackColorBinding(IAmbientProperties& ambient,
+                          std::function<void(OLE_COLOR)> set_back_color,
                           std::function<void(std::u16string_view)> notify);
 
   bool Value() const { return value_; }

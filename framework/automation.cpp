@@ -15,7 +15,8 @@ AutomationTable::AutomationTable(std::vector<MemberInfo> members,
     if (member.dispid == 0) member.dispid = next_own++;
   }
   int32_t next_event = 1;
-  for (std::u16string_view name : events) events_.push_back({name, next_event++});
+  for (std::u16string_view name : events)
+    events_.push_back({name, next_event++});
 }
 
 const MemberInfo* AutomationTable::Find(std::u16string_view name) const {

@@ -74,8 +74,7 @@ MemberInfo Property(std::u16string_view name, G (C::*get)() const, void (C::*set
     return variant_conversion::ToVariant((static_cast<C&>(control).*get)());
   };
   info.set = [set](ZKControl& control, const Variant& value, std::span<const Variant>) {
-    (static_cast<C&>(control).*set)(
-        variant_conversion::FromVariant<std::remove_cvref_t<S>>(value));
+    (static_cast<C&>(control).*set)(variant_conversion::FromVariant<std::remove_cvref_t<S>>(value));
   };
   return info;
 }

@@ -54,50 +54,64 @@ MemberInfo ZKControl::CommonMember(std::u16string_view name, int32_t dispid) {
     return Property(u"DesignMode", &ZKControl::DesignMode, &ZKControl::SetDesignMode, dispid);
   }
   if (name == u"Enabled") {
-    return Property(u"Enabled", &ZKControl::Enabled, &ZKControl::SetEnabled,
-                    dispatch_id::kEnabled);
+    return Property(u"Enabled", &ZKControl::Enabled, &ZKControl::SetEnabled, dispatch_id::kEnabled);
   }
   if (name == u"hWnd") return ReadOnlyProperty(u"hWnd", &ZKControl::hWnd, dispid);
   if (name == u"Refresh") {
-    return Method(u"Refresh", [](ZKControl& control, std::span<Variant>) {
-      control.Refresh();
-      return Variant();
-    }, dispid);
+    return Method(
+        u"Refresh",
+        [](ZKControl& control, std::span<Variant>) {
+          control.Refresh();
+          return Variant();
+        },
+        dispid);
   }
   if (name == u"PopupMenu") {
-    return Method(u"PopupMenu", [](ZKControl& control, std::span<Variant> args) {
-      control.PopupMenu(OptionalArgument(args, 0), OptionalArgument(args, 1),
-                        OptionalArgument(args, 2), OptionalArgument(args, 3),
-                        OptionalArgument(args, 4));
-      return Variant();
-    }, dispid);
+    return Method(
+        u"PopupMenu",
+        [](ZKControl& control, std::span<Variant> args) {
+          control.PopupMenu(OptionalArgument(args, 0), OptionalArgument(args, 1),
+                            OptionalArgument(args, 2), OptionalArgument(args, 3),
+                            OptionalArgument(args, 4));
+          return Variant();
+        },
+        dispid);
   }
   if (name == u"Clone") {
-    return Method(u"Clone", [](ZKControl& control, std::span<Variant> args) {
-      control.Clone(RequiredArgument(args, 0).ToObject());
-      return Variant();
-    }, dispid);
+    return Method(
+        u"Clone",
+        [](ZKControl& control, std::span<Variant> args) {
+          control.Clone(RequiredArgument(args, 0).ToObject());
+          return Variant();
+        },
+        dispid);
   }
   if (name == u"GetArchiveStr") {
-    return Method(u"GetArchiveStr", [](ZKControl& control, std::span<Variant>) {
-      return Variant(control.GetArchiveStr());
-    }, dispid);
+    return Method(
+        u"GetArchiveStr",
+        [](ZKControl& control, std::span<Variant>) { return Variant(control.GetArchiveStr()); },
+        dispid);
   }
   if (name == u"ParseArchiveStr") {
-    return Method(u"ParseArchiveStr", [](ZKControl& control, std::span<Variant> args) {
-      return Variant(control.ParseArchiveStr(RequiredArgument(args, 0).ToText()));
-    }, dispid);
+    return Method(
+        u"ParseArchiveStr",
+        [](ZKControl& control, std::span<Variant> args) {
+          return Variant(control.ParseArchiveStr(RequiredArgument(args, 0).ToText()));
+        },
+        dispid);
   }
   if (name == u"ExtraProp") return ExtraPropMember(dispid);
   if (name == u"ExtraAction") {
-    return Method(u"ExtraAction", [](ZKControl& control, std::span<Variant> args) {
-      return Variant(control.ExtraAction(RequiredArgument(args, 0).ToText(),
-                                         OptionalArgument(args, 1)));
-    }, dispid);
+    return Method(
+        u"ExtraAction",
+        [](ZKControl& control, std::span<Variant> args) {
+          return Variant(
+              control.ExtraAction(RequiredArgument(args, 0).ToText(), OptionalArgument(args, 1)));
+        },
+        dispid);
   }
   if (name == u"Font") return FontMember(dispid);
-  throw ZKError(error_number::kInternalError,
-                u"No common member named " + std::u16string(name));
+  throw ZKError(error_number::kInternalError, u"No common member named " + std::u16string(name));
 }
 
 }  // namespace zk

@@ -43,7 +43,9 @@ std::u16string ZKControl::Name() const {
   }
 }
 
-void ZKControl::NotifyChanged(std::u16string_view property) { site_.PropertyChanged(property); }
+void ZKControl::NotifyChanged(std::u16string_view property) {
+  site_.PropertyChanged(property);
+}
 
 void ZKControl::SetControlGroup(std::u16string New_ControlGroup) {
   control_group_ = std::move(New_ControlGroup);
@@ -55,7 +57,9 @@ void ZKControl::SetDesignMode(bool New_DesignMode) {
   NotifyChanged(u"DesignMode");
 }
 
-bool ZKControl::Enabled() const { return Surface().Enabled(); }
+bool ZKControl::Enabled() const {
+  return Surface().Enabled();
+}
 
 void ZKControl::SetEnabled(bool New_Enabled) {
   Surface().SetEnabled(New_Enabled);
@@ -63,9 +67,13 @@ void ZKControl::SetEnabled(bool New_Enabled) {
   NotifyChanged(u"Enabled");
 }
 
-int32_t ZKControl::hWnd() const { return Surface().hWnd(); }
+int32_t ZKControl::hWnd() const {
+  return Surface().hWnd();
+}
 
-void ZKControl::Refresh() { Surface().Refresh(); }
+void ZKControl::Refresh() {
+  Surface().Refresh();
+}
 
 void ZKControl::PopupMenu(const Variant& Menu, const Variant& Flags, const Variant& X,
                           const Variant& Y, const Variant& DefaultMenu) {
@@ -92,7 +100,8 @@ std::u16string ZKControl::GetArchiveStr() {
           elements[static_cast<size_t>(index)] = MArchiveUtils::ArchiveEscapeString(value.ToText());
           break;
         case ArchiveKind::kNumber:
-          elements[static_cast<size_t>(index)] = MArchiveUtils::ArchiveEscapeNumber(value.ToDouble());
+          elements[static_cast<size_t>(index)] =
+              MArchiveUtils::ArchiveEscapeNumber(value.ToDouble());
           break;
         case ArchiveKind::kBool:
           elements[static_cast<size_t>(index)] = MArchiveUtils::ArchiveEscapeBool(value.ToBool());
@@ -153,12 +162,13 @@ bool ZKControl::ParseArchiveStr(std::u16string_view p_str) {
   }
 }
 
-std::u16string ZKControl::ExtraProp(std::u16string_view /*p_propname*/) const { return {}; }
+std::u16string ZKControl::ExtraProp(std::u16string_view /*p_propname*/) const {
+  return {};
+}
 
 void ZKControl::SetExtraProp(std::u16string_view /*p_propname*/, const Variant& /*value*/) {}
 
-std::u16string ZKControl::ExtraAction(std::u16string_view /*p_action*/,
-                                      const Variant& /*p_args*/) {
+std::u16string ZKControl::ExtraAction(std::u16string_view /*p_action*/, const Variant& /*p_args*/) {
   return {};
 }
 

@@ -5,7 +5,10 @@
 namespace zk {
 namespace {
 
-#define ZK_ENUMERATOR(name) EnumeratorInfo{u## #name, name}
+#define ZK_ENUMERATOR(name) \
+  EnumeratorInfo {          \
+    u## #name, name         \
+  }
 
 constexpr std::array kButBehavior = {ZK_ENUMERATOR(zktButton), ZK_ENUMERATOR(zktToggle)};
 constexpr std::array kToggleValue = {ZK_ENUMERATOR(zktToggleUnselected),
@@ -66,7 +69,9 @@ constexpr std::array<EnumerationInfo, 15> kEnumerations = {{
 
 }  // namespace
 
-std::span<const EnumerationInfo> PublishedEnumerations() { return kEnumerations; }
+std::span<const EnumerationInfo> PublishedEnumerations() {
+  return kEnumerations;
+}
 
 std::optional<int32_t> FindEnumerator(std::u16string_view name) {
   for (const EnumerationInfo& enumeration : kEnumerations) {

@@ -27,7 +27,8 @@ Variant ToVariant(const T& value) {
     return Variant(static_cast<int32_t>(value));
   } else if constexpr (std::is_floating_point_v<V>) {
     return Variant(static_cast<double>(value));
-  } else if constexpr (std::is_same_v<V, std::u16string> || std::is_same_v<V, std::u16string_view>) {
+  } else if constexpr (std::is_same_v<V, std::u16string> ||
+                       std::is_same_v<V, std::u16string_view>) {
     return Variant(std::u16string(value));
   } else if constexpr (std::is_same_v<V, Variant>) {
     return value;

@@ -51,7 +51,8 @@ DispatchObject* Form::FindExtender(std::u16string_view name) {
 
 std::vector<ZKControl*> Form::Controls() {
   std::vector<ZKControl*> controls;
-  for (Placed& placed : placed_) controls.push_back(placed.control.get());
+  for (Placed& placed : placed_)
+    controls.push_back(placed.control.get());
   return controls;
 }
 

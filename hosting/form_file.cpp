@@ -17,8 +17,8 @@ constexpr std::string_view kHeader = "ZKBaseGUIControls form 1";
 constexpr int32_t kErrorLoadingFromFile = 31037;
 
 constexpr std::array<std::u16string_view, 10> kExtenderKeys = {
-    u"Left",    u"Top",         u"Width",    u"Height", u"Visible",
-    u"Default", u"Cancel",      u"ToolTipText", u"TabIndex", u"TabStop"};
+    u"Left",    u"Top",    u"Width",       u"Height",   u"Visible",
+    u"Default", u"Cancel", u"ToolTipText", u"TabIndex", u"TabStop"};
 
 bool IsExtenderKey(std::u16string_view key) {
   for (std::u16string_view known : kExtenderKeys) {
@@ -63,7 +63,9 @@ std::u16string NumberText(double value) {
   return MStringUtils::FormatNumberText(value, u".", -1, false);
 }
 
-std::u16string BoolText(bool value) { return value ? u"True" : u"False"; }
+std::u16string BoolText(bool value) {
+  return value ? u"True" : u"False";
+}
 
 std::u16string ValueText(const Variant& value) {
   switch (value.type()) {
@@ -103,7 +105,8 @@ class ValueReader {
 
  private:
   void SkipBlanks() {
-    while (pos_ < text_.size() && (text_[pos_] == u' ' || text_[pos_] == u'\t')) ++pos_;
+    while (pos_ < text_.size() && (text_[pos_] == u' ' || text_[pos_] == u'\t'))
+      ++pos_;
   }
 
   bool Consume(std::u16string_view word) {
@@ -225,7 +228,8 @@ class ValueReader {
 };
 
 std::u16string_view Trim(std::u16string_view text) {
-  while (!text.empty() && (text.front() == u' ' || text.front() == u'\t')) text.remove_prefix(1);
+  while (!text.empty() && (text.front() == u' ' || text.front() == u'\t'))
+    text.remove_prefix(1);
   while (!text.empty() && (text.back() == u' ' || text.back() == u'\t' || text.back() == u'\r')) {
     text.remove_suffix(1);
   }
@@ -240,7 +244,9 @@ std::u16string_view Trim(std::u16string_view text) {
 
 }  // namespace
 
-std::span<const std::u16string_view> FormFileExtenderKeys() { return kExtenderKeys; }
+std::span<const std::u16string_view> FormFileExtenderKeys() {
+  return kExtenderKeys;
+}
 
 std::string WriteFormFile(const FormFile& form) {
   std::u16string out = Utf8ToUtf16(kHeader) + u"\n";
@@ -279,7 +285,9 @@ FormFile ReadFormFile(std::string_view text, std::shared_ptr<const IFontCatalogu
       const size_t blank = rest.find(u' ');
       if (blank == std::u16string_view::npos) Fail(line_number, "Begin needs a kind and a name");
       form.controls.push_back({std::u16string(rest.substr(0, blank)),
-                               std::u16string(Trim(rest.substr(blank + 1))), {}, {}});
+                               std::u16string(Trim(rest.substr(blank + 1))),
+                               {},
+                               {}});
       current = &form.controls.back();
     } else if (line == u"End") {
       if (!current) Fail(line_number, "End without Begin");

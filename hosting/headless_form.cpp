@@ -49,8 +49,10 @@ ZKControl* HeadlessForm::FocusedControl() {
 }
 
 Variant HeadlessForm::Ambient(std::u16string_view name) {
-  if (MemberNameEquals(name, u"BackColor")) return variant_conversion::ToVariant(ambient_.BackColor());
-  if (MemberNameEquals(name, u"ForeColor")) return variant_conversion::ToVariant(ambient_.ForeColor());
+  if (MemberNameEquals(name, u"BackColor"))
+    return variant_conversion::ToVariant(ambient_.BackColor());
+  if (MemberNameEquals(name, u"ForeColor"))
+    return variant_conversion::ToVariant(ambient_.ForeColor());
   if (MemberNameEquals(name, u"Font")) return Variant(ambient_.Font());
   if (MemberNameEquals(name, u"UserMode")) return Variant(ambient_.UserMode());
   if (MemberNameEquals(name, u"TwipsPerPixel")) {
@@ -169,7 +171,9 @@ void HeadlessForm::Wheel(std::u16string_view name, int32_t delta) {
   platform_.Windows().SendMessage(site->Surface().hWnd(), window_message::kMouseWheel, wparam, 0);
 }
 
-void HeadlessForm::Wait(int32_t milliseconds) { platform_.Advance(milliseconds); }
+void HeadlessForm::Wait(int32_t milliseconds) {
+  platform_.Advance(milliseconds);
+}
 
 std::vector<std::pair<std::u16string, std::u16string>> HeadlessForm::TakePropertyChanges() {
   std::vector<std::pair<std::u16string, std::u16string>> changes;

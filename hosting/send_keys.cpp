@@ -21,13 +21,13 @@ struct NamedKey {
 };
 
 constexpr std::array<NamedKey, 29> kNamedKeys = {{
-    {u"ENTER", 13, 13},   {u"TAB", 9, 9},      {u"ESC", 27, 27},      {u"ESCAPE", 27, 27},
-    {u"BACKSPACE", 8, 8}, {u"BS", 8, 8},       {u"BKSP", 8, 8},       {u"DEL", 46, 0},
-    {u"DELETE", 46, 0},   {u"UP", 38, 0},      {u"DOWN", 40, 0},      {u"LEFT", 37, 0},
-    {u"RIGHT", 39, 0},    {u"HOME", 36, 0},    {u"END", 35, 0},       {u"INSERT", 45, 0},
-    {u"INS", 45, 0},      {u"PGUP", 33, 0},    {u"PGDN", 34, 0},      {u"F1", 112, 0},
-    {u"F2", 113, 0},      {u"F3", 114, 0},     {u"F4", 115, 0},       {u"F5", 116, 0},
-    {u"F6", 117, 0},      {u"F7", 118, 0},     {u"F8", 119, 0},       {u"F9", 120, 0},
+    {u"ENTER", 13, 13},   {u"TAB", 9, 9},   {u"ESC", 27, 27}, {u"ESCAPE", 27, 27},
+    {u"BACKSPACE", 8, 8}, {u"BS", 8, 8},    {u"BKSP", 8, 8},  {u"DEL", 46, 0},
+    {u"DELETE", 46, 0},   {u"UP", 38, 0},   {u"DOWN", 40, 0}, {u"LEFT", 37, 0},
+    {u"RIGHT", 39, 0},    {u"HOME", 36, 0}, {u"END", 35, 0},  {u"INSERT", 45, 0},
+    {u"INS", 45, 0},      {u"PGUP", 33, 0}, {u"PGDN", 34, 0}, {u"F1", 112, 0},
+    {u"F2", 113, 0},      {u"F3", 114, 0},  {u"F4", 115, 0},  {u"F5", 116, 0},
+    {u"F6", 117, 0},      {u"F7", 118, 0},  {u"F8", 119, 0},  {u"F9", 120, 0},
     {u"F10", 121, 0},
 }};
 
@@ -56,16 +56,16 @@ KeyStroke StrokeOf(char16_t c) {
       int16_t key_code;
     };
     static constexpr std::array<Punctuation, 11> kPunctuation = {{{u';', u':', 186},
-                                                                 {u'=', u'+', 187},
-                                                                 {u',', u'<', 188},
-                                                                 {u'-', u'_', 189},
-                                                                 {u'.', u'>', 190},
-                                                                 {u'/', u'?', 191},
-                                                                 {u'`', u'~', 192},
-                                                                 {u'[', u'{', 219},
-                                                                 {u'\\', u'|', 220},
-                                                                 {u']', u'}', 221},
-                                                                 {u'\'', u'"', 222}}};
+                                                                  {u'=', u'+', 187},
+                                                                  {u',', u'<', 188},
+                                                                  {u'-', u'_', 189},
+                                                                  {u'.', u'>', 190},
+                                                                  {u'/', u'?', 191},
+                                                                  {u'`', u'~', 192},
+                                                                  {u'[', u'{', 219},
+                                                                  {u'\\', u'|', 220},
+                                                                  {u']', u'}', 221},
+                                                                  {u'\'', u'"', 222}}};
     for (const Punctuation& p : kPunctuation) {
       if (c == p.plain || c == p.shifted) {
         stroke.key_code = p.key_code;
@@ -102,7 +102,8 @@ std::vector<KeyStroke> ParseSendKeys(std::u16string_view keys) {
   bool in_group = false;
   size_t i = 0;
   auto emit = [&](KeyStroke stroke, size_t count) {
-    for (size_t n = 0; n < count; ++n) strokes.push_back(WithModifiers(stroke, held));
+    for (size_t n = 0; n < count; ++n)
+      strokes.push_back(WithModifiers(stroke, held));
     if (!in_group) held = 0;
   };
   while (i < keys.size()) {

@@ -43,8 +43,9 @@ Variant MemoryPropertyBag::ReadProperty(std::u16string_view key, const Variant& 
 }
 
 void MemoryPropertyBag::Store(std::u16string_view key, const Variant& value) {
-  auto found = std::find_if(entries_.begin(), entries_.end(),
-                            [key](const auto& entry) { return MemberNameEquals(entry.first, key); });
+  auto found = std::find_if(entries_.begin(), entries_.end(), [key](const auto& entry) {
+    return MemberNameEquals(entry.first, key);
+  });
   if (found != entries_.end()) {
     found->second = Detached(value);
   } else {

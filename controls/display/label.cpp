@@ -31,7 +31,9 @@ double MarginTwips(int32_t pixels, double twips_per_pixel) {
   return MLowLevelUtils::RoundHalfEven(twips_per_pixel * pixels);
 }
 
-Variant ColorVariant(OLE_COLOR color) { return variant_conversion::ToVariant(color); }
+Variant ColorVariant(OLE_COLOR color) {
+  return variant_conversion::ToVariant(color);
+}
 
 Variant Read(IPropertyBag& bag, std::u16string_view key, const Variant& default_value) {
   return bag.ReadProperty(key, default_value);
@@ -107,8 +109,7 @@ const AutomationTable& ZKLabel::Automation() const {
           Property(u"AutoSize", &ZKLabel::AutoSize, &ZKLabel::SetAutoSize, dispatch_id::kAutoSize),
           Property(u"BackColor", &ZKLabel::BackColor, &ZKLabel::SetBackColor),
           CommonMember(u"ControlGroup"),
-          Property(u"AmbientBackColor", &ZKLabel::AmbientBackColor,
-                   &ZKLabel::SetAmbientBackColor),
+          Property(u"AmbientBackColor", &ZKLabel::AmbientBackColor, &ZKLabel::SetAmbientBackColor),
           Property(u"WordWrap", &ZKLabel::WordWrap, &ZKLabel::SetWordWrap),
           Property(u"VerticalAlignment", &ZKLabel::VerticalAlignment,
                    &ZKLabel::SetVerticalAlignment),
@@ -150,7 +151,9 @@ std::span<const ArchiveField> ZKLabel::ArchiveFields() const {
   return fields;
 }
 
-std::u16string ZKLabel::Caption() const { return lbl_label_->Caption(); }
+std::u16string ZKLabel::Caption() const {
+  return lbl_label_->Caption();
+}
 
 void ZKLabel::SetCaption(std::u16string New_Caption) {
   lbl_label_->SetCaption(New_Caption);
@@ -197,7 +200,9 @@ void ZKLabel::SetAppearance(zktAppearance New_Appearance) {
   NotifyChanged(u"Appearance");
 }
 
-OLE_COLOR ZKLabel::BackColor() const { return Surface().BackColor(); }
+OLE_COLOR ZKLabel::BackColor() const {
+  return Surface().BackColor();
+}
 
 void ZKLabel::SetBackColor(OLE_COLOR New_BackColor) {
   ambient_back_color_.BeforeBackColorWrite();
@@ -226,21 +231,27 @@ void ZKLabel::SetBorderMargin(int32_t New_BorderMargin) {
   Layout();
 }
 
-OLE_COLOR ZKLabel::ForeColor() const { return lbl_label_->ForeColor(); }
+OLE_COLOR ZKLabel::ForeColor() const {
+  return lbl_label_->ForeColor();
+}
 
 void ZKLabel::SetForeColor(OLE_COLOR New_ForeColor) {
   lbl_label_->SetForeColor(New_ForeColor);
   NotifyChanged(u"ForeColor");
 }
 
-bool ZKLabel::UseMnemonic() const { return lbl_label_->UseMnemonic(); }
+bool ZKLabel::UseMnemonic() const {
+  return lbl_label_->UseMnemonic();
+}
 
 void ZKLabel::SetUseMnemonic(bool New_UseMnemonic) {
   lbl_label_->SetUseMnemonic(New_UseMnemonic);
   NotifyChanged(u"UseMnemonic");
 }
 
-bool ZKLabel::WordWrap() const { return lbl_label_->WordWrap(); }
+bool ZKLabel::WordWrap() const {
+  return lbl_label_->WordWrap();
+}
 
 void ZKLabel::SetWordWrap(bool New_WordWrap) {
   lbl_label_->SetWordWrap(New_WordWrap);
@@ -253,7 +264,9 @@ void ZKLabel::OnFontChanged() {
   Layout();
 }
 
-void ZKLabel::OnEnabledChanged(bool enabled) { lbl_label_->SetEnabled(enabled); }
+void ZKLabel::OnEnabledChanged(bool enabled) {
+  lbl_label_->SetEnabled(enabled);
+}
 
 void ZKLabel::OnAmbientChanged(std::u16string_view property) {
   ambient_back_color_.OnAmbientChanged(property);
@@ -353,7 +366,8 @@ void ZKLabel::ReadProperties(IPropertyBag& bag) {
   label.SetUseMnemonic(Read(bag, u"UseMnemonic", Variant(true)).ToBool());
   StoreDesignMode(Read(bag, u"DesignMode", Variant(false)).ToBool());
   auto_size_ = Read(bag, u"AutoSize", Variant(false)).ToBool();
-  surface.SetBackColor(Read(bag, u"BackColor", ColorVariant(system_color::kWindowBackground)).ToColor());
+  surface.SetBackColor(
+      Read(bag, u"BackColor", ColorVariant(system_color::kWindowBackground)).ToColor());
   StoreControlGroup(Read(bag, u"ControlGroup", Variant(u"")).ToText());
   ambient_back_color_.Store(Read(bag, u"AmbientBackColor", Variant(true)).ToBool());
   label.SetWordWrap(Read(bag, u"WordWrap", Variant(false)).ToBool());
@@ -376,7 +390,8 @@ void ZKLabel::WriteProperties(IPropertyBag& bag) {
   bag.WriteProperty(u"UseMnemonic", Variant(UseMnemonic()), Variant(true));
   bag.WriteProperty(u"DesignMode", Variant(DesignMode()), Variant(false));
   bag.WriteProperty(u"AutoSize", Variant(AutoSize()), Variant(false));
-  bag.WriteProperty(u"BackColor", ToVariant(BackColor()), ColorVariant(system_color::kWindowBackground));
+  bag.WriteProperty(u"BackColor", ToVariant(BackColor()),
+                    ColorVariant(system_color::kWindowBackground));
   bag.WriteProperty(u"ControlGroup", Variant(ControlGroup()), Variant(u""));
   bag.WriteProperty(u"AmbientBackColor", Variant(AmbientBackColor()), Variant(true));
   bag.WriteProperty(u"WordWrap", Variant(WordWrap()), Variant(false));

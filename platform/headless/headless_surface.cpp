@@ -18,9 +18,8 @@ class HeadlessSurface::ElementList {
   IElement* TopmostAt(double x, double y) const {
     for (auto it = elements_.rbegin(); it != elements_.rend(); ++it) {
       IElement* element = *it;
-      if (element->Visible() && element->Enabled() && x >= element->Left() &&
-          y >= element->Top() && x < element->Left() + element->Width() &&
-          y < element->Top() + element->Height()) {
+      if (element->Visible() && element->Enabled() && x >= element->Left() && y >= element->Top() &&
+          x < element->Left() + element->Width() && y < element->Top() + element->Height()) {
         return element;
       }
     }
@@ -76,7 +75,9 @@ HeadlessSurface::HeadlessSurface(HeadlessPlatform& platform, HeadlessExtender& e
       [this](std::u16string_view property) { FollowExtender(property); });
 }
 
-HeadlessSurface::~HeadlessSurface() { platform_.Windows().DestroyWindow(window_); }
+HeadlessSurface::~HeadlessSurface() {
+  platform_.Windows().DestroyWindow(window_);
+}
 
 double HeadlessSurface::BorderTwips(double twips_per_pixel) const {
   if (border_style_ == 0) return 0;
@@ -95,7 +96,9 @@ void HeadlessSurface::SetSize(double width, double height) {
   extender_.Move(extender_.Left(), extender_.Top(), width, height);
 }
 
-void HeadlessSurface::SetBorderStyle(int16_t style) { border_style_ = style; }
+void HeadlessSurface::SetBorderStyle(int16_t style) {
+  border_style_ = style;
+}
 
 void HeadlessSurface::SetAppearance(int16_t appearance) {
   appearance_ = appearance;
@@ -114,8 +117,8 @@ std::unique_ptr<ILabelElement> HeadlessSurface::CreateLabel() {
 }
 
 void HeadlessSurface::FollowExtender(std::u16string_view property) {
-  if (property != u"Move" && property != u"Top" && property != u"Left" &&
-      property != u"Width" && property != u"Height") {
+  if (property != u"Move" && property != u"Top" && property != u"Left" && property != u"Width" &&
+      property != u"Height") {
     return;
   }
   const double tpp_x = platform_.Screen().TwipsPerPixelX();
@@ -131,8 +134,7 @@ void HeadlessSurface::FollowExtender(std::u16string_view property) {
   }
 }
 
-void HeadlessSurface::Deliver(MouseAction action, int16_t button, int16_t shift, float x,
-                              float y) {
+void HeadlessSurface::Deliver(MouseAction action, int16_t button, int16_t shift, float x, float y) {
   if (!enabled_) return;
   IElement* element = elements_->TopmostAt(x, y);
   Signal<>* click = element ? &element->Click() : &click_;

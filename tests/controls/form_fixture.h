@@ -25,13 +25,15 @@ class FormTest : public testing::Test {
   // The property names notified since the last call.
   std::vector<std::u16string> Notified() {
     std::vector<std::u16string> names;
-    for (const auto& [control, property] : form_.TakePropertyChanges()) names.push_back(property);
+    for (const auto& [control, property] : form_.TakePropertyChanges())
+      names.push_back(property);
     return names;
   }
 
   std::vector<std::u16string> TraceProcedures() {
     std::vector<std::u16string> procedures;
-    for (const auto& record : platform_.Recorder().traces) procedures.push_back(record.procedure);
+    for (const auto& record : platform_.Recorder().traces)
+      procedures.push_back(record.procedure);
     platform_.Recorder().traces.clear();
     return procedures;
   }

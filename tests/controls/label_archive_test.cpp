@@ -13,7 +13,8 @@ constexpr std::u16string_view kWorkedExample =
 class LabelArchiveTest : public FormTest {};
 
 TEST_F(LabelArchiveTest, TheWorkedExampleComesOutByteForByte) {
-  for (const char16_t* name : {u"ZKLabel0", u"ZKLabel9", u"ZKLabel8"}) Add<ZKLabel>(u"ZKLabel", name);
+  for (const char16_t* name : {u"ZKLabel0", u"ZKLabel9", u"ZKLabel8"})
+    Add<ZKLabel>(u"ZKLabel", name);
   auto& label = Add<ZKLabel>(u"ZKLabel", u"ZKLabel1");
   DispatchObject& extender = *form_.FindExtender(u"ZKLabel1");
   extender.SetProperty(u"Top", Variant(120.0));
