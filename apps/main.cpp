@@ -1,11 +1,19 @@
-// zkcontrols: the program of ZKBaseGUIControls (gallery, archive tools).
+// zkcontrols: the program of ZKBaseGUIControls (gallery, script host, archive tools).
 #include <cstdio>
+#include <fstream>
+#include <iostream>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "controls/control_kinds.h"
 #include "foundation/archive_utils.h"
 #include "foundation/text_encoding.h"
+#include "foundation/zk_error.h"
+#include "hosting/archive_explainer.h"
+#include "hosting/headless_form.h"
+#include "hosting/script_host.h"
 
 namespace {
 
@@ -13,19 +21,86 @@ constexpr const char* kUsage =
     "usage: zkcontrols COMMAND [ARGS]\n"
     "\n"
     "commands:\n"
-    "  gallery                  show every control of the library\n"
-    "  archive split STRING     list the elements of an archive string, one per line\n"
-    "  help                     this text\n";
+    "  gallery                        show every control of the library\n"
+    "  script [--platform headless] [FILE|-]\n"
+    "                                 run a script of statements (standard input for - or none)\n"
+    "  archive explain KIND STRING    explain an archive string of a control kind\n"
+    "  archive split STRING           list the elements of an archive string\n"
+    "  kinds                          list the control kinds\n"
+    "  help                           this text\n";
+
+void PrintLine(std::u16string_view line) {
+  std::string text = zk::Utf16ToUtf8(line);
+  text.push_back('\n');
+  std::fwrite(text.data(), 1, text.size(), stdout);
+}
 
 int Gallery() {
   std::printf(
       "ZKBaseGUIControls 2.01 (ZK Base GUI Controls)\n"
-      "No control exists yet: the foundation (number text, archive codec, platform layer) is in\n"
-      "place, and the gallery will show each control as it is built.\n");
+      "Controls so far:");
+  for (const zk::ControlKind& kind : zk::ControlKinds()) {
+    std::printf(" %s", zk::Utf16ToUtf8(kind.name).c_str());
+  }
+  std::printf(
+      "\nThe gallery window needs the Qt backend, which is not built yet; until then try the\n"
+      "controls with './run script' (see README).\n");
   return 0;
 }
 
-// Prints each element of an archive string with its index, splitting as a control does.
+int Script(const std::vector<std::string_view>& args) {
+  std::string_view file = "-";
+  for (size_t i = 0; i < args.size(); ++i) {
+    if (args[i] == "--platform") {
+      if (i + 1 >= args.size() || args[i + 1] != "headless") {
+        std::fprintf(stderr, "zkcontrols: the script host runs on the headless platform only\n");
+        return 2;
+      }
+      ++i;
+    } else {
+      file = args[i];
+    }
+  }
+  std::string script;
+  if (file == "-") {
+    std::stringstream input;
+    input << std::cin.rdbuf();
+    script = input.str();
+  } else {
+    std::ifstream input{std::string(file), std::ios::binary};
+    if (!input) {
+      std::fprintf(stderr, "zkcontrols: cannot read %s\n", std::string(file).c_str());
+      return 2;
+    }
+    std::stringstream contents;
+    contents << input.rdbuf();
+    script = contents.str();
+  }
+  zk::HeadlessPlatform platform;
+  zk::PlatformScope scope(platform);
+  zk::HeadlessForm form(platform);
+  zk::ScriptHost host(form, PrintLine);
+  const int status = host.Run(zk::Utf8ToUtf16(script));
+  std::fflush(stdout);
+  return status;
+}
+
+int ArchiveExplain(std::string_view kind, std::string_view archive) {
+  zk::HeadlessPlatform platform;
+  zk::PlatformScope scope(platform);
+  zk::HeadlessForm form(platform);
+  try {
+    for (const std::u16string& line :
+         zk::ExplainArchive(form, zk::Utf8ToUtf16(kind), zk::Utf8ToUtf16(archive))) {
+      PrintLine(line);
+    }
+  } catch (const zk::ZKError& error) {
+    std::fprintf(stderr, "zkcontrols: %s\n", error.what());
+    return 2;
+  }
+  return 0;
+}
+
 int ArchiveSplit(std::string_view archive) {
   const std::vector<std::u16string> elements =
       zk::MArchiveUtils::ArchiveSplitElements(zk::Utf8ToUtf16(archive));
@@ -44,9 +119,20 @@ int main(int argc, char** argv) {
     std::fputs(kUsage, args.empty() ? stderr : stdout);
     return args.empty() ? 2 : 0;
   }
-  if (args[0] == "gallery") return Gallery();
-  if (args[0] == "archive" && args.size() == 3 && args[1] == "split") return ArchiveSplit(args[2]);
-  std::fprintf(stderr, "zkcontrols: unknown command '%s'\n\n%s", std::string(args[0]).c_str(),
-               kUsage);
+  const std::string_view command = args[0];
+  const std::vector<std::string_view> rest(args.begin() + 1, args.end());
+  if (command == "gallery") return Gallery();
+  if (command == "script") return Script(rest);
+  if (command == "kinds") {
+    for (const zk::ControlKind& kind : zk::ControlKinds())
+      PrintLine(kind.name);
+    return 0;
+  }
+  if (command == "archive" && rest.size() == 3 && rest[0] == "explain") {
+    return ArchiveExplain(rest[1], rest[2]);
+  }
+  if (command == "archive" && rest.size() == 2 && rest[0] == "split") return ArchiveSplit(rest[1]);
+  std::fprintf(stderr, "zkcontrols: unknown command or arguments: %s\n\n%s",
+               std::string(command).c_str(), kUsage);
   return 2;
 }

@@ -28,6 +28,8 @@ struct ArchiveField {
   std::u16string_view property;
   std::function<Variant(ZKControl&)> get = {};
   std::function<void(ZKControl&, const Variant&)> set = {};
+  // What an element without a property carries, for people reading archive strings.
+  std::u16string_view description = {};
 };
 
 // The contract that every control carries: the common members, automation by name, the archive
@@ -81,6 +83,9 @@ class ZKControl : public DispatchObject {
   virtual void ReadProperties(IPropertyBag& bag) = 0;
   virtual void WriteProperties(IPropertyBag& bag) = 0;
 
+  // The elements of the archive string after the extender block, in their order.
+  virtual std::span<const ArchiveField> ArchiveFields() const = 0;
+
   // Every event the control raises, with its arguments.
   EventObserver& EventRaised() { return event_raised_; }
 
@@ -104,8 +109,6 @@ class ZKControl : public DispatchObject {
   // Tells the host that a property changed.
   void NotifyChanged(std::u16string_view property);
 
-  // The elements after the extender block, in archive order.
-  virtual std::span<const ArchiveField> ArchiveFields() const = 0;
   // The trace procedure of a failed parse at `element` ("ParseArchiveStr (el: 3)").
   virtual std::u16string ParseFailureProcedure(int element) const;
 

@@ -44,6 +44,11 @@ ZKControl* Form::FindControl(std::u16string_view name) {
   return placed ? placed->control.get() : nullptr;
 }
 
+std::shared_ptr<ZKControl> Form::ControlRef(std::u16string_view name) {
+  Placed* placed = FindPlaced(name);
+  return placed ? placed->control : nullptr;
+}
+
 DispatchObject* Form::FindExtender(std::u16string_view name) {
   Placed* placed = FindPlaced(name);
   return placed ? &placed->site->Extender() : nullptr;
@@ -54,6 +59,14 @@ std::vector<ZKControl*> Form::Controls() {
   for (Placed& placed : placed_)
     controls.push_back(placed.control.get());
   return controls;
+}
+
+bool Form::RemoveControl(std::u16string_view name) {
+  Placed* placed = FindPlaced(name);
+  if (placed == nullptr) return false;
+  placed->control.reset();  // the control goes before its site
+  placed_.erase(placed_.begin() + (placed - placed_.data()));
+  return true;
 }
 
 void Form::RemoveAll() {

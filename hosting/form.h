@@ -29,9 +29,13 @@ class Form {
   // creation. Throws ZKError 5 for an unknown kind or a name that is taken or not a name.
   ZKControl& AddControl(std::u16string_view kind, std::u16string_view name);
   ZKControl* FindControl(std::u16string_view name);
+  // The control as a shared reference, for passing it on as an object (null when not placed).
+  std::shared_ptr<ZKControl> ControlRef(std::u16string_view name);
   // The host-side properties of a placed control, by name.
   DispatchObject* FindExtender(std::u16string_view name);
   std::vector<ZKControl*> Controls();
+  // Removes one control (false when there is none of that name), or all of them.
+  bool RemoveControl(std::u16string_view name);
   void RemoveAll();
 
   // The form file of every control (WriteProperties), and its reverse: the form's controls

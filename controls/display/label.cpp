@@ -136,7 +136,8 @@ std::span<const ArchiveField> ZKLabel::ArchiveFields() const {
        },
        [](ZKControl& control, const Variant& value) {
          static_cast<ZKLabel&>(control).Surface().SetMousePointer(value.ToInt16());
-       }},
+       },
+       u"the surface's pointer shape"},
       {ArchiveKind::kNumber, u"BackColor"},
       {ArchiveKind::kBool, u"AmbientBackColor"},
       {ArchiveKind::kNumber, u"BorderStyle"},

@@ -54,6 +54,7 @@ class ZKLabel final : public ZKControl {
   void InitProperties() override;
   void ReadProperties(IPropertyBag& bag) override;
   void WriteProperties(IPropertyBag& bag) override;
+  std::span<const ArchiveField> ArchiveFields() const override;
 
   ControlEvent<> Click{EventRaised(), u"Click"};
   ControlEvent<> DblClick{EventRaised(), u"DblClick"};
@@ -65,7 +66,6 @@ class ZKLabel final : public ZKControl {
   const ILabelElement& TextElement() const { return *lbl_label_; }
 
  protected:
-  std::span<const ArchiveField> ArchiveFields() const override;
   void OnFontChanged() override;
   void OnEnabledChanged(bool enabled) override;
   void OnAmbientChanged(std::u16string_view property) override;
