@@ -23,7 +23,7 @@ constexpr std::array<ArchiveKind, 12> kExtenderKinds = {
     ArchiveKind::kBool,   ArchiveKind::kText,   ArchiveKind::kNumber, ArchiveKind::kBool};
 
 std::u16string Padded(std::u16string text, size_t width) {
-  if (text.size() < width) text.append(width - text.size(), u' ');
+  text.append(text.size() < width ? width - text.size() : 1, u' ');
   return text;
 }
 
@@ -121,7 +121,7 @@ std::vector<std::u16string> ExplainArchive(Form& form, std::u16string_view kind,
   MDebugUtils::SetTraceSink(std::move(previous));
   lines.push_back(accepted ? u"ParseArchiveStr: True" : u"ParseArchiveStr: False");
   for (auto& record : traces) {
-    record.source = std::u16string(kind);
+    if (record.source == probe_name) record.source = probe.Kind();
     lines.push_back(u"  trace: " + MDebugUtils::FormatTraceLine(record));
   }
   form.RemoveControl(probe_name);
