@@ -7,6 +7,7 @@
 #include "platform/picture.h"
 #include "platform/screen.h"
 #include "platform/std_font.h"
+#include "platform/timer_service.h"
 #include "platform/window_system.h"
 
 namespace zk {
@@ -22,6 +23,7 @@ class IPlatform {
   virtual std::shared_ptr<const IFontCatalogue> FontCatalogue() = 0;
   virtual IPictureLoader& Pictures() = 0;
   virtual ILocale& Locale() = 0;
+  virtual ITimerService& Timers() = 0;
 
   // A new font object with the platform's default values.
   FontRef NewFont() { return StdFont::Create(FontCatalogue()); }

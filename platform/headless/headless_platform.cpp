@@ -15,10 +15,6 @@ HeadlessPlatform::HeadlessPlatform(HeadlessOptions options)
       [this](const MDebugUtils::TraceRecord& record) { recorder_.traces.push_back(record); });
 }
 
-void HeadlessPlatform::Advance(int32_t milliseconds) {
-  if (milliseconds > 0) now_ += milliseconds;
-}
-
 HeadlessPlatform::~HeadlessPlatform() {
   MDebugUtils::SetTraceSink(std::move(previous_sink_));
 }

@@ -9,6 +9,7 @@
 #include "platform/headless/headless_picture_loader.h"
 #include "platform/headless/headless_recorder.h"
 #include "platform/headless/headless_screen.h"
+#include "platform/headless/headless_timer_service.h"
 #include "platform/headless/headless_window_system.h"
 #include "platform/platform.h"
 
@@ -35,13 +36,14 @@ class HeadlessPlatform final : public IPlatform {
   HeadlessFontCatalogue& Fonts() { return *fonts_; }
   HeadlessPictureLoader& Pictures() override { return pictures_; }
   ILocale& Locale() override { return *locale_; }
+  HeadlessTimerService& Timers() override { return timers_; }
 
   HeadlessRecorder& Recorder() { return recorder_; }
 
   // The virtual clock, in milliseconds since the platform was created. Time passes only when
-  // a test or a script lets it pass.
-  int64_t Now() const { return now_; }
-  void Advance(int32_t milliseconds);
+  // a test or a script lets it pass; timers that fall due on the way tick.
+  int64_t Now() const { return timers_.Now(); }
+  void Advance(int32_t milliseconds) { timers_.Advance(milliseconds); }
 
  private:
   HeadlessRecorder recorder_;
@@ -50,8 +52,8 @@ class HeadlessPlatform final : public IPlatform {
   std::shared_ptr<HeadlessFontCatalogue> fonts_;
   HeadlessPictureLoader pictures_;
   std::unique_ptr<ILocale> locale_;
+  HeadlessTimerService timers_;
   MDebugUtils::TraceSink previous_sink_;
-  int64_t now_ = 0;
 };
 
 }  // namespace zk
