@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "hosting/form.h"
-#include "platform/headless/headless_ambient.h"
+#include "platform/form_ambient.h"
 #include "platform/headless/headless_control_site.h"
 #include "platform/headless/headless_platform.h"
 
@@ -19,7 +19,7 @@ class HeadlessForm final : public Form {
   explicit HeadlessForm(HeadlessPlatform& platform);
   ~HeadlessForm() override;
 
-  HeadlessAmbient& AmbientProperties() { return ambient_; }
+  FormAmbient& AmbientProperties() { return ambient_; }
   WindowHandle hWnd() const { return window_; }
   HeadlessControlSite* FindSite(std::u16string_view name);
   // The control that has the focus, or null.
@@ -46,7 +46,7 @@ class HeadlessForm final : public Form {
   void SetFocusTo(Placed* placed);
 
   HeadlessPlatform& platform_;
-  HeadlessAmbient ambient_;
+  FormAmbient ambient_;
   WindowHandle window_;
   ZKControl* focused_ = nullptr;
 };

@@ -408,9 +408,8 @@ void ScriptHost::ExecuteStatement(std::u16string_view line) {
       }
       form_.DeliverMouse(name, MouseAction::kDown, 1, 0, x, y);
       form_.DeliverMouse(name, MouseAction::kUp, 1, 0, x, y);
-      form_.DeliverMouse(name, MouseAction::kClick, 0, 0, x, y);
       if (word(u"dblclick")) {
-        form_.DeliverMouse(name, MouseAction::kDblClick, 0, 0, x, y);
+        form_.DeliverMouse(name, MouseAction::kDoubleDown, 1, 0, x, y);
         form_.DeliverMouse(name, MouseAction::kUp, 1, 0, x, y);
       }
     } else {

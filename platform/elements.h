@@ -15,7 +15,9 @@ namespace zk {
 using MouseSignal = Signal<int16_t, int16_t, float, float>;
 
 // The mouse actions that input can deliver to a control (tests and scripts synthesise them).
-enum class MouseAction { kDown, kMove, kUp, kClick, kDblClick };
+// A click is not an action of its own: a release over the element that the press went to
+// clicks it, and the second press of a double click raises DblClick instead of MouseDown.
+enum class MouseAction { kDown, kMove, kUp, kDoubleDown };
 
 // What every child element of a control has: a place in twips relative to the control's inner
 // area, visibility, enabled state, a tooltip and the mouse events of its own area.

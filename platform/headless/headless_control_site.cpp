@@ -6,7 +6,7 @@
 
 namespace zk {
 
-HeadlessControlSite::HeadlessControlSite(HeadlessPlatform& platform, HeadlessAmbient& ambient,
+HeadlessControlSite::HeadlessControlSite(HeadlessPlatform& platform, FormAmbient& ambient,
                                          WindowHandle form_window, std::u16string name)
     : platform_(platform),
       ambient_(ambient),

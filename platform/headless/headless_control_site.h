@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "platform/headless/headless_ambient.h"
-#include "platform/headless/headless_extender.h"
+#include "platform/form_ambient.h"
+#include "platform/form_extender.h"
 #include "platform/headless/headless_surface.h"
 #include "platform/host.h"
 
@@ -16,18 +16,18 @@ class HeadlessPlatform;
 // recorder keeps with the control's name.
 class HeadlessControlSite final : public IControlSite {
  public:
-  HeadlessControlSite(HeadlessPlatform& platform, HeadlessAmbient& ambient,
+  HeadlessControlSite(HeadlessPlatform& platform, FormAmbient& ambient,
                       WindowHandle form_window, std::u16string name);
 
-  HeadlessExtender& Extender() override { return extender_; }
-  HeadlessAmbient& Ambient() override { return ambient_; }
+  FormExtender& Extender() override { return extender_; }
+  FormAmbient& Ambient() override { return ambient_; }
   HeadlessSurface& Surface() override { return surface_; }
   void PropertyChanged(std::u16string_view property) override;
 
  private:
   HeadlessPlatform& platform_;
-  HeadlessAmbient& ambient_;
-  HeadlessExtender extender_;
+  FormAmbient& ambient_;
+  FormExtender extender_;
   HeadlessSurface surface_;
 };
 

@@ -15,6 +15,9 @@ class HeadlessSurface::ElementList {
  public:
   void Add(IElement* element) { elements_.push_back(element); }
   void Remove(IElement* element) { std::erase(elements_, element); }
+  bool Contains(const IElement* element) const {
+    return std::find(elements_.begin(), elements_.end(), element) != elements_.end();
+  }
   IElement* TopmostAt(double x, double y) const {
     for (auto it = elements_.rbegin(); it != elements_.rend(); ++it) {
       IElement* element = *it;
@@ -55,7 +58,7 @@ int32_t ToPixels(double twips, double twips_per_pixel) {
 
 }  // namespace
 
-HeadlessSurface::HeadlessSurface(HeadlessPlatform& platform, HeadlessExtender& extender,
+HeadlessSurface::HeadlessSurface(HeadlessPlatform& platform, FormExtender& extender,
                                  WindowHandle parent_window)
     : platform_(platform),
       extender_(extender),
@@ -136,32 +139,41 @@ void HeadlessSurface::FollowExtender(std::u16string_view property) {
 
 void HeadlessSurface::Deliver(MouseAction action, int16_t button, int16_t shift, float x, float y) {
   if (!enabled_) return;
-  IElement* element = elements_->TopmostAt(x, y);
-  Signal<>* click = element ? &element->Click() : &click_;
-  Signal<>* dbl_click = element ? &element->DblClick() : &dbl_click_;
-  MouseSignal* down = element ? &element->MouseDown() : &mouse_down_;
-  MouseSignal* move = element ? &element->MouseMove() : &mouse_move_;
-  MouseSignal* up = element ? &element->MouseUp() : &mouse_up_;
-  if (element) {
-    x -= static_cast<float>(element->Left());
-    y -= static_cast<float>(element->Top());
+  IElement* element = pressed_ ? pressed_element_ : elements_->TopmostAt(x, y);
+  if (pressed_ && pressed_element_ != nullptr && !elements_->Contains(pressed_element_)) {
+    element = nullptr;  // the element that held the mouse is gone
   }
+  const float element_x = element ? x - static_cast<float>(element->Left()) : x;
+  const float element_y = element ? y - static_cast<float>(element->Top()) : y;
   switch (action) {
     case MouseAction::kDown:
-      down->Emit(button, shift, x, y);
+      pressed_ = true;
+      click_pending_ = true;
+      pressed_element_ = element;
+      (element ? element->MouseDown() : mouse_down_).Emit(button, shift, element_x, element_y);
+      break;
+    case MouseAction::kDoubleDown:
+      pressed_ = true;
+      click_pending_ = false;  // the release that ends a double click clicks nothing
+      pressed_element_ = element;
+      (element ? element->DblClick() : dbl_click_).Emit();
       break;
     case MouseAction::kMove:
-      move->Emit(button, shift, x, y);
+      (element ? element->MouseMove() : mouse_move_).Emit(button, shift, element_x, element_y);
       break;
-    case MouseAction::kUp:
-      up->Emit(button, shift, x, y);
+    case MouseAction::kUp: {
+      const bool was_pressed = pressed_ && click_pending_;
+      pressed_ = false;
+      click_pending_ = false;
+      pressed_element_ = nullptr;
+      (element ? element->MouseUp() : mouse_up_).Emit(button, shift, element_x, element_y);
+      // A release over the element that was pressed clicks it.
+      const bool inside = element ? (element_x >= 0 && element_y >= 0 &&
+                                     element_x < element->Width() && element_y < element->Height())
+                                  : elements_->TopmostAt(x, y) == nullptr;
+      if (was_pressed && inside) (element ? element->Click() : click_).Emit();
       break;
-    case MouseAction::kClick:
-      click->Emit();
-      break;
-    case MouseAction::kDblClick:
-      dbl_click->Emit();
-      break;
+    }
   }
 }
 

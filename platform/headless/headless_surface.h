@@ -3,7 +3,7 @@
 #include <memory>
 #include <vector>
 
-#include "platform/headless/headless_extender.h"
+#include "platform/form_extender.h"
 #include "platform/surface.h"
 
 namespace zk {
@@ -16,8 +16,7 @@ class HeadlessPlatform;
 // the point (the one created last), in that element's coordinates, or to the surface itself.
 class HeadlessSurface final : public ISurface {
  public:
-  HeadlessSurface(HeadlessPlatform& platform, HeadlessExtender& extender,
-                  WindowHandle parent_window);
+  HeadlessSurface(HeadlessPlatform& platform, FormExtender& extender, WindowHandle parent_window);
   ~HeadlessSurface() override;
 
   WindowHandle hWnd() const override { return window_; }
@@ -57,7 +56,8 @@ class HeadlessSurface final : public ISurface {
   Signal<>& GotFocus() override { return got_focus_; }
   Signal<>& LostFocus() override { return lost_focus_; }
 
-  // Delivers one mouse action at (x, y), twips in the control's inner coordinates.
+  // Delivers one mouse action at (x, y), twips in the control's inner coordinates. While a
+  // button is held, the element it was pressed on keeps the mouse (as a captured window does).
   void Deliver(MouseAction action, int16_t button, int16_t shift, float x, float y);
 
   int RefreshCount() const { return refresh_count_; }
@@ -70,7 +70,7 @@ class HeadlessSurface final : public ISurface {
   void FollowExtender(std::u16string_view property);
 
   HeadlessPlatform& platform_;
-  HeadlessExtender& extender_;
+  FormExtender& extender_;
   WindowHandle window_ = 0;
   OLE_COLOR back_color_;
   int16_t border_style_ = 0;
@@ -79,6 +79,10 @@ class HeadlessSurface final : public ISurface {
   int16_t mouse_pointer_ = 0;
   int refresh_count_ = 0;
   int popup_menu_count_ = 0;
+  // The element (or the surface, as null with pressed_ set) that holds the mouse.
+  IElement* pressed_element_ = nullptr;
+  bool pressed_ = false;
+  bool click_pending_ = false;
   double last_width_ = 0;
   double last_height_ = 0;
   std::shared_ptr<ElementList> elements_;

@@ -147,11 +147,16 @@ TEST_F(LabelTest, MouseOnTheTextIsReportedInControlCoordinatesWithTheTooltip) {
   extender_.SetProperty(u"ToolTipText", Variant(u"Total of the month"));
   form_.DeliverMouse(u"Label1", MouseAction::kMove, 0, 0, 100, 150);  // over the text
   form_.DeliverMouse(u"Label1", MouseAction::kDown, 1, 2, 100, 150);
-  form_.DeliverMouse(u"Label1", MouseAction::kUp, 1, 0, 10, 10);  // the free surface
-  form_.DeliverMouse(u"Label1", MouseAction::kClick, 0, 0, 10, 10);
-  form_.DeliverMouse(u"Label1", MouseAction::kDblClick, 0, 0, 100, 150);
+  // The text keeps the mouse while the button is held; released off it, it is not clicked.
+  form_.DeliverMouse(u"Label1", MouseAction::kUp, 1, 0, 10, 10);
+  form_.DeliverMouse(u"Label1", MouseAction::kDown, 1, 0, 10, 10);  // the free surface
+  form_.DeliverMouse(u"Label1", MouseAction::kUp, 1, 0, 12, 12);
+  form_.DeliverMouse(u"Label1", MouseAction::kDoubleDown, 1, 0, 100, 150);
+  form_.DeliverMouse(u"Label1", MouseAction::kUp, 1, 0, 100, 150);
   EXPECT_EQ(events, (std::vector<std::u16string>{u"MouseMove 0 0 100 150", u"MouseDown 1 2 100 150",
-                                                 u"MouseUp 1 0 10 10", u"Click", u"DblClick"}));
+                                                 u"MouseUp 1 0 10 10", u"MouseDown 1 0 10 10",
+                                                 u"MouseUp 1 0 12 12", u"Click", u"DblClick",
+                                                 u"MouseUp 1 0 100 150"}));
   EXPECT_EQ(label_.TextElement().ToolTipText(), u"Total of the month");
   // A handler may change the arguments it is given.
   auto handler = label_.MouseDown.Connect([](int16_t& button, int16_t&, float& x, float&) {

@@ -31,7 +31,7 @@ class ControlContractTest : public testing::Test {
 
   std::unique_ptr<TestControl> Make(std::u16string name) {
     sites_.push_back(std::make_unique<HeadlessControlSite>(platform_, ambient_, form_, name));
-    HeadlessExtender& extender = sites_.back()->Extender();
+    FormExtender& extender = sites_.back()->Extender();
     extender.Move(100, 200, 1500, 400);
     return std::make_unique<TestControl>(*sites_.back());
   }
@@ -52,7 +52,7 @@ class ControlContractTest : public testing::Test {
 
   HeadlessPlatform platform_;
   PlatformScope scope_;
-  HeadlessAmbient ambient_;
+  FormAmbient ambient_;
   WindowHandle form_;
   std::vector<std::unique_ptr<HeadlessControlSite>> sites_;
 };
@@ -84,7 +84,7 @@ TEST_F(ControlContractTest, ArchiveRoundTripCopiesPropertiesAndPlaceButNotTheNam
   EXPECT_NE(copy->Font(), source->Font());
   EXPECT_TRUE(copy->DesignMode());
   EXPECT_EQ(copy->ControlGroup(), u"group|1");
-  HeadlessExtender& extender = sites_.back()->Extender();
+  FormExtender& extender = sites_.back()->Extender();
   EXPECT_EQ(extender.Name(), u"Copy");
   EXPECT_EQ(extender.Top(), 200.0);
   EXPECT_EQ(extender.ToolTipText(), u"tip, with | bar");

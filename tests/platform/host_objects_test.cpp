@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "foundation/zk_error.h"
-#include "platform/headless/headless_ambient.h"
+#include "platform/form_ambient.h"
 #include "platform/headless/headless_control_site.h"
-#include "platform/headless/headless_extender.h"
+#include "platform/form_extender.h"
 #include "platform/headless/headless_font_catalogue.h"
 #include "platform/headless/headless_platform.h"
 #include "platform/memory_property_bag.h"
@@ -24,8 +24,8 @@ int32_t ErrorOf(const auto& action) {
   return 0;
 }
 
-TEST(HeadlessExtenderTest, WithheldPropertiesFailLikeMissingMembers) {
-  HeadlessExtender extender(u"ZKLabel1");
+TEST(FormExtenderTest, WithheldPropertiesFailLikeMissingMembers) {
+  FormExtender extender(u"ZKLabel1");
   extender.OfferDefaultAndCancel(false);
   extender.OfferTabStop(false);
   for (const char16_t* name : {u"Default", u"Cancel", u"TabStop", u"Colour"}) {
@@ -39,8 +39,8 @@ TEST(HeadlessExtenderTest, WithheldPropertiesFailLikeMissingMembers) {
   EXPECT_EQ(extender.Name(), u"ZKLabel1");
 }
 
-TEST(HeadlessExtenderTest, WritesConvertNotifyAndRefuseNegativeSizes) {
-  HeadlessExtender extender(u"ZKLabel1");
+TEST(FormExtenderTest, WritesConvertNotifyAndRefuseNegativeSizes) {
+  FormExtender extender(u"ZKLabel1");
   std::vector<std::u16string> written;
   auto connection = extender.PropertyWritten().Connect(
       [&](std::u16string_view name) { written.emplace_back(name); });
@@ -95,7 +95,7 @@ TEST(MemoryPropertyBagTest, DefaultsAreNotStoredAndFontsAreNeverShared) {
 
 TEST(HeadlessSiteTest, AmbientChangesAndPropertyChangesAreReported) {
   HeadlessPlatform platform(HeadlessOptions{u"en-US"});
-  HeadlessAmbient ambient(platform.NewFont());
+  FormAmbient ambient(platform.NewFont());
   const WindowHandle form = platform.Windows().CreateWindow(0, u"Form", {0, 0, 400, 300});
   HeadlessControlSite site(platform, ambient, form, u"ZKLabel1");
   EXPECT_EQ(ambient.BackColor(), system_color::kButtonFace);

@@ -1,4 +1,4 @@
-#include "platform/headless/headless_extender.h"
+#include "platform/form_extender.h"
 
 #include <utility>
 
@@ -16,9 +16,9 @@ T NonNegative(T value) {
 
 }  // namespace
 
-HeadlessExtender::HeadlessExtender(std::u16string name) : name_(std::move(name)) {}
+FormExtender::FormExtender(std::u16string name) : name_(std::move(name)) {}
 
-void HeadlessExtender::Move(double left, double top, double width, double height) {
+void FormExtender::Move(double left, double top, double width, double height) {
   left_ = left;
   top_ = top;
   width_ = width;
@@ -26,20 +26,20 @@ void HeadlessExtender::Move(double left, double top, double width, double height
   property_written_.Emit(u"Move");
 }
 
-bool HeadlessExtender::Enabled() const {
+bool FormExtender::Enabled() const {
   return get_enabled_ ? get_enabled_() : enabled_;
 }
 
-void HeadlessExtender::BindEnabled(std::function<bool()> get, std::function<void(bool)> set) {
+void FormExtender::BindEnabled(std::function<bool()> get, std::function<void(bool)> set) {
   get_enabled_ = std::move(get);
   set_enabled_ = std::move(set);
 }
 
-void HeadlessExtender::RequireOffered(bool offered) const {
+void FormExtender::RequireOffered(bool offered) const {
   if (!offered) throw ZKError::MemberNotFound();
 }
 
-Variant HeadlessExtender::GetProperty(std::u16string_view name, std::span<const Variant> index) {
+Variant FormExtender::GetProperty(std::u16string_view name, std::span<const Variant> index) {
   if (index.empty()) {
     if (MemberNameEquals(name, u"Name")) return Variant(name_);
     if (MemberNameEquals(name, u"Top")) return Variant(top_);
@@ -66,7 +66,7 @@ Variant HeadlessExtender::GetProperty(std::u16string_view name, std::span<const 
   return DispatchObject::GetProperty(name, index);
 }
 
-void HeadlessExtender::SetProperty(std::u16string_view name, const Variant& value,
+void FormExtender::SetProperty(std::u16string_view name, const Variant& value,
                                    std::span<const Variant> index) {
   if (!index.empty()) return DispatchObject::SetProperty(name, value, index);
   // Every branch converts first, so a value that does not convert changes nothing.

@@ -8,14 +8,14 @@
 
 namespace zk {
 
-// The host-side properties of one placed control on a headless form, reached by name: Name
+// The host-side properties of one placed control on a form, reached by name: Name
 // (read-only by name), Top, Left, Width, Height (twips), Visible, Default, Cancel, Enabled,
 // ToolTipText, TabIndex, TabStop. A form may withhold Default and Cancel (only some controls get
 // them) and TabStop (controls that cannot take the focus); reading or writing a withheld
 // property raises error 438, as on a real form.
-class HeadlessExtender final : public DispatchObject {
+class FormExtender final : public DispatchObject {
  public:
-  explicit HeadlessExtender(std::u16string name);
+  explicit FormExtender(std::u16string name);
 
   const std::u16string& Name() const { return name_; }
   void SetName(std::u16string name) { name_ = std::move(name); }

@@ -4,12 +4,12 @@
 
 namespace zk {
 
-// The ambient properties of a headless form: those of a classic desktop form by default
+// The ambient properties of a form: those of a classic desktop form by default
 // (button-face back colour, button-text fore colour, the catalogue's default font, run mode).
 // Every setter raises AmbientChanged with the property's name.
-class HeadlessAmbient final : public IAmbientProperties {
+class FormAmbient final : public IAmbientProperties {
  public:
-  explicit HeadlessAmbient(FontRef font);
+  explicit FormAmbient(FontRef font);
 
   OLE_COLOR BackColor() const override { return back_color_; }
   OLE_COLOR ForeColor() const override { return fore_color_; }
