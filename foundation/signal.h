@@ -72,13 +72,19 @@ class Signal {
   // Calls every connected handler with the arguments.
   void Emit(Args... args) const {
     auto state = state_;
-    ++state->emitting;
+    // Ends the emission also when a handler throws, so that disconnected slots still go.
+    struct Emission {
+      State& state;
+      explicit Emission(State& s) : state(s) { ++state.emitting; }
+      ~Emission() {
+        if (--state.emitting == 0) state.Compact();
+      }
+    } emission(*state);
     const size_t count = state->slots.size();
     for (size_t i = 0; i < count; ++i) {
       std::shared_ptr<Handler> handler = state->slots[i].handler;
       if (handler) (*handler)(args...);
     }
-    if (--state->emitting == 0) state->Compact();
   }
 
   bool HasHandlers() const {

@@ -1,10 +1,12 @@
 #include "hosting/form.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "foundation/debug_utils.h"
 #include "foundation/dispatch_object.h"
 #include "foundation/zk_error.h"
+#include "platform/form_extender.h"
 #include "platform/platform.h"
 
 namespace zk {
@@ -26,7 +28,8 @@ bool IsName(std::u16string_view name) {
 
 }  // namespace
 
-Form::Form(IPlatform& platform) : platform_(platform) {}
+Form::Form(IPlatform& platform, PlatformRecorder& recorder)
+    : platform_(platform), recorder_(recorder), ambient_(platform.NewFont()) {}
 
 Form::~Form() = default;
 
@@ -99,7 +102,11 @@ Form::Placed& Form::Place(const ControlKind& kind, std::u16string_view name,
     }
   }
   placed.control = kind.create(*placed.site);
-  BindExtender(*placed.site, *placed.control);
+  if (auto* form_extender = dynamic_cast<FormExtender*>(&extender)) {
+    ZKControl& control = *placed.control;
+    form_extender->BindEnabled([&control] { return control.Enabled(); },
+                               [&control](bool enabled) { control.SetEnabled(enabled); });
+  }
   placed_.push_back(std::move(placed));
   return placed_.back();
 }
@@ -160,6 +167,80 @@ void Form::LoadText(std::string_view text) {
       MDebugUtils::TraceError(entry.name, u"ReadProperties");
     }
   }
+}
+
+}  // namespace zk
+
+namespace zk {
+
+Variant Form::Ambient(std::u16string_view name) {
+  if (MemberNameEquals(name, u"BackColor"))
+    return variant_conversion::ToVariant(ambient_.BackColor());
+  if (MemberNameEquals(name, u"ForeColor"))
+    return variant_conversion::ToVariant(ambient_.ForeColor());
+  if (MemberNameEquals(name, u"Font")) return Variant(ambient_.Font());
+  if (MemberNameEquals(name, u"UserMode")) return Variant(ambient_.UserMode());
+  if (MemberNameEquals(name, u"TwipsPerPixel")) return Variant(platform_.Screen().TwipsPerPixelX());
+  throw ZKError::MemberNotFound();
+}
+
+void Form::SetAmbient(std::u16string_view name, const Variant& value) {
+  if (MemberNameEquals(name, u"BackColor")) return ambient_.SetBackColor(value.ToColor());
+  if (MemberNameEquals(name, u"ForeColor")) return ambient_.SetForeColor(value.ToColor());
+  if (MemberNameEquals(name, u"UserMode")) return ambient_.SetUserMode(value.ToBool());
+  if (MemberNameEquals(name, u"Font")) {
+    FontRef font = variant_conversion::FromVariant<FontRef>(value);
+    if (!font) throw ZKError(error_number::kObjectRequired, u"Object required");
+    return ambient_.SetFont(font->Clone());
+  }
+  if (MemberNameEquals(name, u"TwipsPerPixel")) {
+    const double twips = value.ToDouble();
+    if (!(twips >= 1 && twips <= 1440)) throw ZKError::InvalidPropertyValue();
+    return SetTwipsPerPixel(twips);
+  }
+  throw ZKError::MemberNotFound();
+}
+
+std::vector<std::pair<std::u16string, std::u16string>> Form::TakePropertyChanges() {
+  std::vector<std::pair<std::u16string, std::u16string>> changes;
+  for (PropertyChangeRecord& record : recorder_.property_changes) {
+    changes.emplace_back(std::move(record.control), std::move(record.property));
+  }
+  recorder_.property_changes.clear();
+  return changes;
+}
+
+bool Form::CanFocus(Placed& placed) {
+  if (!placed.kind->can_focus || !placed.control->Enabled()) return false;
+  return placed.site->Extender().GetProperty(u"Visible").ToBool();
+}
+
+std::vector<Form::Placed*> Form::TabOrder() {
+  std::vector<Placed*> order;
+  for (Placed& placed : placed_) {
+    bool tab_stop = false;
+    try {
+      tab_stop = placed.site->Extender().GetProperty(u"TabStop").ToBool();
+    } catch (const ZKError&) {
+      // A control without TabStop is not visited.
+    }
+    if (tab_stop && CanFocus(placed)) order.push_back(&placed);
+  }
+  std::stable_sort(order.begin(), order.end(), [](Placed* a, Placed* b) {
+    return a->site->Extender().GetProperty(u"TabIndex").ToInt32() <
+           b->site->Extender().GetProperty(u"TabIndex").ToInt32();
+  });
+  return order;
+}
+
+Form::Placed* Form::NextInTabOrder(const ZKControl* current, bool backwards) {
+  std::vector<Placed*> order = TabOrder();
+  if (order.empty()) return nullptr;
+  auto at = std::find_if(order.begin(), order.end(),
+                         [current](Placed* p) { return p->control.get() == current; });
+  if (at == order.end()) return backwards ? order.back() : order.front();
+  const size_t index = static_cast<size_t>(at - order.begin());
+  return order[backwards ? (index + order.size() - 1) % order.size() : (index + 1) % order.size()];
 }
 
 }  // namespace zk

@@ -9,6 +9,8 @@
 #include "framework/control.h"
 #include "hosting/form_file.h"
 #include "platform/elements.h"
+#include "platform/form_ambient.h"
+#include "platform/platform_recorder.h"
 
 namespace zk {
 
@@ -20,7 +22,8 @@ class IPlatform;
 // platform of a concrete form supplies the sites, the ambient properties and the input.
 class Form {
  public:
-  explicit Form(IPlatform& platform);
+  // `recorder` is where the platform keeps the property-changed notifications.
+  Form(IPlatform& platform, PlatformRecorder& recorder);
   virtual ~Form();
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
@@ -44,10 +47,12 @@ class Form {
   std::string SaveText();
   void LoadText(std::string_view text);
 
+  // The form's ambient properties (those of a classic desktop form by default).
+  FormAmbient& AmbientProperties() { return ambient_; }
   // The ambient properties by name: BackColor, ForeColor, Font, UserMode, and the screen's
-  // TwipsPerPixel where the platform lets it be set.
-  virtual Variant Ambient(std::u16string_view name) = 0;
-  virtual void SetAmbient(std::u16string_view name, const Variant& value) = 0;
+  // TwipsPerPixel. Writes raise the ambient-change notification.
+  Variant Ambient(std::u16string_view name);
+  void SetAmbient(std::u16string_view name, const Variant& value);
 
   // Input, at (x, y) twips in the control's coordinates.
   virtual void DeliverMouse(std::u16string_view name, MouseAction action, int16_t button,
@@ -61,7 +66,7 @@ class Form {
   virtual void Wait(int32_t milliseconds) = 0;
 
   // The property-changed notifications since the last call, oldest first.
-  virtual std::vector<std::pair<std::u16string, std::u16string>> TakePropertyChanges() = 0;
+  std::vector<std::pair<std::u16string, std::u16string>> TakePropertyChanges();
 
  protected:
   struct Placed {
@@ -74,9 +79,15 @@ class Form {
   // excepted) and its window on the form.
   virtual std::unique_ptr<IControlSite> CreateSite(const ControlKind& kind,
                                                    std::u16string_view name) = 0;
-  // Connects the extender's Enabled to the control once it exists.
-  virtual void BindExtender(IControlSite& site, ZKControl& control) = 0;
+  // Scales the screen (twips per pixel) where the platform allows it.
+  virtual void SetTwipsPerPixel(double twips_per_pixel) = 0;
   std::vector<Placed>& PlacedControls() { return placed_; }
+  // The controls that the Tab key visits, in tab order: enabled, visible, able to take the
+  // focus and with TabStop set.
+  std::vector<Placed*> TabOrder();
+  bool CanFocus(Placed& placed);
+  // The next control in tab order after `current` (or before it), wrapping around.
+  Placed* NextInTabOrder(const ZKControl* current, bool backwards);
   Placed* FindPlaced(std::u16string_view name);
   IPlatform& Platform() { return platform_; }
 
@@ -85,6 +96,8 @@ class Form {
                 const MemoryPropertyBag* extender_values);
 
   IPlatform& platform_;
+  PlatformRecorder& recorder_;
+  FormAmbient ambient_;
   std::vector<Placed> placed_;
 };
 

@@ -10,9 +10,8 @@
 namespace zk {
 
 HeadlessForm::HeadlessForm(HeadlessPlatform& platform)
-    : Form(platform),
+    : Form(platform, platform.Recorder()),
       platform_(platform),
-      ambient_(platform.NewFont()),
       window_(platform.Windows().CreateWindow(0, u"Form", {0, 0, 640, 480})) {
   platform_.Windows().SetActiveWindow(window_);
 }
@@ -24,16 +23,14 @@ HeadlessForm::~HeadlessForm() {
 
 std::unique_ptr<IControlSite> HeadlessForm::CreateSite(const ControlKind& kind,
                                                        std::u16string_view name) {
-  auto site =
-      std::make_unique<HeadlessControlSite>(platform_, ambient_, window_, std::u16string(name));
+  auto site = std::make_unique<HeadlessControlSite>(platform_, AmbientProperties(), window_,
+                                                    std::u16string(name));
   site->Extender().OfferDefaultAndCancel(kind.default_and_cancel);
   return site;
 }
 
-void HeadlessForm::BindExtender(IControlSite& site, ZKControl& control) {
-  static_cast<HeadlessControlSite&>(site).Extender().BindEnabled(
-      [&control] { return control.Enabled(); },
-      [&control](bool enabled) { control.SetEnabled(enabled); });
+void HeadlessForm::SetTwipsPerPixel(double twips_per_pixel) {
+  platform_.Screen().SetTwipsPerPixel(twips_per_pixel, twips_per_pixel);
 }
 
 HeadlessControlSite* HeadlessForm::FindSite(std::u16string_view name) {
@@ -48,36 +45,6 @@ ZKControl* HeadlessForm::FocusedControl() {
   return nullptr;  // the focused control is gone
 }
 
-Variant HeadlessForm::Ambient(std::u16string_view name) {
-  if (MemberNameEquals(name, u"BackColor"))
-    return variant_conversion::ToVariant(ambient_.BackColor());
-  if (MemberNameEquals(name, u"ForeColor"))
-    return variant_conversion::ToVariant(ambient_.ForeColor());
-  if (MemberNameEquals(name, u"Font")) return Variant(ambient_.Font());
-  if (MemberNameEquals(name, u"UserMode")) return Variant(ambient_.UserMode());
-  if (MemberNameEquals(name, u"TwipsPerPixel")) {
-    return Variant(platform_.Screen().TwipsPerPixelX());
-  }
-  throw ZKError::MemberNotFound();
-}
-
-void HeadlessForm::SetAmbient(std::u16string_view name, const Variant& value) {
-  if (MemberNameEquals(name, u"BackColor")) return ambient_.SetBackColor(value.ToColor());
-  if (MemberNameEquals(name, u"ForeColor")) return ambient_.SetForeColor(value.ToColor());
-  if (MemberNameEquals(name, u"UserMode")) return ambient_.SetUserMode(value.ToBool());
-  if (MemberNameEquals(name, u"Font")) {
-    FontRef font = variant_conversion::FromVariant<FontRef>(value);
-    if (!font) throw ZKError(error_number::kObjectRequired, u"Object required");
-    return ambient_.SetFont(font->Clone());
-  }
-  if (MemberNameEquals(name, u"TwipsPerPixel")) {
-    const double twips = value.ToDouble();
-    if (!(twips >= 1 && twips <= 1440)) throw ZKError::InvalidPropertyValue();
-    return platform_.Screen().SetTwipsPerPixel(twips, twips);
-  }
-  throw ZKError::MemberNotFound();
-}
-
 void HeadlessForm::DeliverMouse(std::u16string_view name, MouseAction action, int16_t button,
                                 int16_t shift, float x, float y) {
   HeadlessControlSite* site = FindSite(name);
@@ -87,11 +54,6 @@ void HeadlessForm::DeliverMouse(std::u16string_view name, MouseAction action, in
     if (placed && CanFocus(*placed)) SetFocusTo(placed);
   }
   site->Surface().Deliver(action, button, shift, x, y);
-}
-
-bool HeadlessForm::CanFocus(Placed& placed) {
-  if (!placed.kind->can_focus || !placed.control->Enabled()) return false;
-  return placed.site->Extender().GetProperty(u"Visible").ToBool();
 }
 
 void HeadlessForm::SetFocusTo(Placed* placed) {
@@ -112,37 +74,12 @@ bool HeadlessForm::Focus(std::u16string_view name) {
   return true;
 }
 
-void HeadlessForm::MoveFocus(bool backwards) {
-  std::vector<Placed*> order;
-  for (Placed& placed : PlacedControls()) {
-    bool tab_stop = false;
-    try {
-      tab_stop = placed.site->Extender().GetProperty(u"TabStop").ToBool();
-    } catch (const ZKError&) {
-    }
-    if (tab_stop && CanFocus(placed)) order.push_back(&placed);
-  }
-  if (order.empty()) return;
-  std::stable_sort(order.begin(), order.end(), [](Placed* a, Placed* b) {
-    return a->site->Extender().GetProperty(u"TabIndex").ToInt32() <
-           b->site->Extender().GetProperty(u"TabIndex").ToInt32();
-  });
-  auto current = std::find_if(order.begin(), order.end(),
-                              [this](Placed* p) { return p->control.get() == focused_; });
-  size_t index = 0;
-  if (current != order.end()) {
-    const size_t at = static_cast<size_t>(current - order.begin());
-    index = backwards ? (at + order.size() - 1) % order.size() : (at + 1) % order.size();
-  } else if (backwards) {
-    index = order.size() - 1;
-  }
-  SetFocusTo(order[index]);
-}
-
 void HeadlessForm::TypeKeys(std::u16string_view keys) {
   for (KeyStroke stroke : ParseSendKeys(keys)) {
     if (stroke.key_code == 9 && (stroke.shift & 6) == 0) {
-      MoveFocus((stroke.shift & 1) != 0);  // the form moves the focus on Tab
+      // The form moves the focus on Tab.
+      if (Placed* next = NextInTabOrder(FocusedControl(), (stroke.shift & 1) != 0))
+        SetFocusTo(next);
       continue;
     }
     ZKControl* focused = FocusedControl();
@@ -173,15 +110,6 @@ void HeadlessForm::Wheel(std::u16string_view name, int32_t delta) {
 
 void HeadlessForm::Wait(int32_t milliseconds) {
   platform_.Advance(milliseconds);
-}
-
-std::vector<std::pair<std::u16string, std::u16string>> HeadlessForm::TakePropertyChanges() {
-  std::vector<std::pair<std::u16string, std::u16string>> changes;
-  for (const PropertyChangeRecord& record : platform_.Recorder().property_changes) {
-    changes.emplace_back(record.control, record.property);
-  }
-  platform_.Recorder().property_changes.clear();
-  return changes;
 }
 
 }  // namespace zk

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "hosting/form.h"
-#include "platform/form_ambient.h"
 #include "platform/headless/headless_control_site.h"
 #include "platform/headless/headless_platform.h"
 
@@ -19,34 +18,27 @@ class HeadlessForm final : public Form {
   explicit HeadlessForm(HeadlessPlatform& platform);
   ~HeadlessForm() override;
 
-  FormAmbient& AmbientProperties() { return ambient_; }
   WindowHandle hWnd() const { return window_; }
   HeadlessControlSite* FindSite(std::u16string_view name);
   // The control that has the focus, or null.
   ZKControl* FocusedControl();
 
-  Variant Ambient(std::u16string_view name) override;
-  void SetAmbient(std::u16string_view name, const Variant& value) override;
   void DeliverMouse(std::u16string_view name, MouseAction action, int16_t button, int16_t shift,
                     float x, float y) override;
   bool Focus(std::u16string_view name) override;
   void TypeKeys(std::u16string_view keys) override;
   void Wheel(std::u16string_view name, int32_t delta) override;
   void Wait(int32_t milliseconds) override;
-  std::vector<std::pair<std::u16string, std::u16string>> TakePropertyChanges() override;
 
  protected:
   std::unique_ptr<IControlSite> CreateSite(const ControlKind& kind,
                                            std::u16string_view name) override;
-  void BindExtender(IControlSite& site, ZKControl& control) override;
+  void SetTwipsPerPixel(double twips_per_pixel) override;
 
  private:
-  bool CanFocus(Placed& placed);
-  void MoveFocus(bool backwards);
   void SetFocusTo(Placed* placed);
 
   HeadlessPlatform& platform_;
-  FormAmbient ambient_;
   WindowHandle window_;
   ZKControl* focused_ = nullptr;
 };

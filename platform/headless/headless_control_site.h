@@ -16,8 +16,8 @@ class HeadlessPlatform;
 // recorder keeps with the control's name.
 class HeadlessControlSite final : public IControlSite {
  public:
-  HeadlessControlSite(HeadlessPlatform& platform, FormAmbient& ambient,
-                      WindowHandle form_window, std::u16string name);
+  HeadlessControlSite(HeadlessPlatform& platform, FormAmbient& ambient, WindowHandle form_window,
+                      std::u16string name);
 
   FormExtender& Extender() override { return extender_; }
   FormAmbient& Ambient() override { return ambient_; }

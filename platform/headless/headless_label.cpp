@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "platform/font_catalogue.h"
+#include "platform/mnemonic.h"
 #include "platform/screen.h"
 
 namespace zk {
@@ -43,17 +44,7 @@ void HeadlessLabel::SetAutoSize(bool auto_size) {
 }
 
 std::u16string HeadlessLabel::DisplayText() const {
-  if (!use_mnemonic_) return caption_;
-  std::u16string shown;
-  shown.reserve(caption_.size());
-  for (size_t i = 0; i < caption_.size(); ++i) {
-    if (caption_[i] != u'&') {
-      shown.push_back(caption_[i]);
-    } else if (i + 1 < caption_.size()) {
-      shown.push_back(caption_[++i]);  // "&x" shows x and "&&" shows one "&"
-    }
-  }
-  return shown;
+  return use_mnemonic_ ? StripMnemonics(caption_) : caption_;
 }
 
 void HeadlessLabel::FitToText() {

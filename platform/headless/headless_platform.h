@@ -7,11 +7,11 @@
 #include "foundation/debug_utils.h"
 #include "platform/headless/headless_font_catalogue.h"
 #include "platform/headless/headless_picture_loader.h"
-#include "platform/headless/headless_recorder.h"
 #include "platform/headless/headless_screen.h"
 #include "platform/headless/headless_timer_service.h"
 #include "platform/headless/headless_window_system.h"
 #include "platform/platform.h"
+#include "platform/platform_recorder.h"
 
 namespace zk {
 
@@ -38,7 +38,7 @@ class HeadlessPlatform final : public IPlatform {
   ILocale& Locale() override { return *locale_; }
   HeadlessTimerService& Timers() override { return timers_; }
 
-  HeadlessRecorder& Recorder() { return recorder_; }
+  PlatformRecorder& Recorder() { return recorder_; }
 
   // The virtual clock, in milliseconds since the platform was created. Time passes only when
   // a test or a script lets it pass; timers that fall due on the way tick.
@@ -46,7 +46,7 @@ class HeadlessPlatform final : public IPlatform {
   void Advance(int32_t milliseconds) { timers_.Advance(milliseconds); }
 
  private:
-  HeadlessRecorder recorder_;
+  PlatformRecorder recorder_;
   HeadlessScreen screen_;
   HeadlessWindowSystem windows_;
   std::shared_ptr<HeadlessFontCatalogue> fonts_;

@@ -6,7 +6,7 @@
 
 namespace zk {
 
-HeadlessScreen::HeadlessScreen(HeadlessRecorder& recorder) : recorder_(recorder) {
+HeadlessScreen::HeadlessScreen(PlatformRecorder& recorder) : recorder_(recorder) {
   metrics_[system_metric::kScreenWidth] = 1920;
   metrics_[system_metric::kScreenHeight] = 1080;
   metrics_[system_metric::kVerticalScrollWidth] = 17;

@@ -2,7 +2,7 @@
 
 #include <map>
 
-#include "platform/headless/headless_recorder.h"
+#include "platform/platform_recorder.h"
 #include "platform/screen.h"
 
 namespace zk {
@@ -11,7 +11,7 @@ namespace zk {
 // the pointer is virtual and beeps are counted in the recorder.
 class HeadlessScreen final : public IScreen {
  public:
-  explicit HeadlessScreen(HeadlessRecorder& recorder);
+  explicit HeadlessScreen(PlatformRecorder& recorder);
 
   double TwipsPerPixelX() const override { return twips_per_pixel_x_; }
   double TwipsPerPixelY() const override { return twips_per_pixel_y_; }
@@ -30,7 +30,7 @@ class HeadlessScreen final : public IScreen {
   void Beep() override { ++recorder_.beeps; }
 
  private:
-  HeadlessRecorder& recorder_;
+  PlatformRecorder& recorder_;
   double twips_per_pixel_x_ = 15.0;
   double twips_per_pixel_y_ = 15.0;
   int16_t mouse_pointer_ = 0;

@@ -13,7 +13,9 @@ int32_t HeadlessTimerService::SetTimer(int32_t interval, TimerProcedure procedur
   return id;
 }
 
-bool HeadlessTimerService::KillTimer(int32_t id) { return timers_.erase(id) > 0; }
+bool HeadlessTimerService::KillTimer(int32_t id) {
+  return timers_.erase(id) > 0;
+}
 
 void HeadlessTimerService::DeliverTick(int32_t id, const TimerProcedure& procedure) {
   procedure(0, window_message::kTimer, id, static_cast<int32_t>(now_));

@@ -14,8 +14,9 @@ struct PropertyChangeRecord {
   bool operator==(const PropertyChangeRecord&) const = default;
 };
 
-// What the headless platform saw happen, for tests and the script host to assert.
-struct HeadlessRecorder {
+// What a platform saw happen (trace lines, property-changed notifications, beeps), for tests
+// and the script host to assert.
+struct PlatformRecorder {
   std::vector<MDebugUtils::TraceRecord> traces;
   std::vector<PropertyChangeRecord> property_changes;
   int beeps = 0;

@@ -1,0 +1,91 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+#include <string>
+
+#include "platform/elements.h"
+
+namespace zk {
+
+class QtSurface;
+
+// A label element on the Qt platform: a child widget of the control that paints its caption
+// (with the access key underlined when UseMnemonic is on) and sizes itself to its text by the
+// font catalogue's measurement. While disabled it lets the mouse through to the control.
+class QtLabel final : public ILabelElement {
+ public:
+  QtLabel(QtSurface& surface, FontDescription font);
+  ~QtLabel() override;
+
+  double Left() const override { return left_; }
+  double Top() const override { return top_; }
+  double Width() const override { return width_; }
+  double Height() const override { return height_; }
+  void Move(double left, double top, double width, double height) override;
+  bool Visible() const override { return visible_; }
+  void SetVisible(bool visible) override;
+  bool Enabled() const override { return enabled_; }
+  void SetEnabled(bool enabled) override;
+  std::u16string ToolTipText() const override { return tool_tip_text_; }
+  void SetToolTipText(std::u16string_view text) override;
+  void Refresh() override;
+
+  Signal<>& Click() override { return click_; }
+  Signal<>& DblClick() override { return dbl_click_; }
+  MouseSignal& MouseDown() override { return mouse_down_; }
+  MouseSignal& MouseMove() override { return mouse_move_; }
+  MouseSignal& MouseUp() override { return mouse_up_; }
+
+  std::u16string Caption() const override { return caption_; }
+  void SetCaption(std::u16string_view caption) override;
+  int16_t Alignment() const override { return alignment_; }
+  void SetAlignment(int16_t alignment) override;
+  OLE_COLOR ForeColor() const override { return fore_color_; }
+  void SetForeColor(OLE_COLOR color) override;
+  OLE_COLOR BackColor() const override { return back_color_; }
+  void SetBackColor(OLE_COLOR color) override;
+  int16_t BackStyle() const override { return back_style_; }
+  void SetBackStyle(int16_t style) override;
+  FontDescription Font() const override { return font_; }
+  void SetFont(const FontDescription& font) override;
+  bool WordWrap() const override { return word_wrap_; }
+  void SetWordWrap(bool word_wrap) override;
+  bool UseMnemonic() const override { return use_mnemonic_; }
+  void SetUseMnemonic(bool use_mnemonic) override;
+  bool AutoSize() const override { return auto_size_; }
+  void SetAutoSize(bool auto_size) override;
+
+ private:
+  class LabelWidget;
+  friend class LabelWidget;
+  void FitToText();
+  void Place();
+
+  QtSurface& surface_;
+  QPointer<QWidget> widget_;
+  ScopedConnection placement_connection_;
+  double left_ = 0;
+  double top_ = 0;
+  double width_ = 0;
+  double height_ = 0;
+  bool visible_ = true;
+  bool enabled_ = true;
+  std::u16string tool_tip_text_;
+  std::u16string caption_;
+  int16_t alignment_ = 0;
+  OLE_COLOR fore_color_ = 0x80000012;
+  OLE_COLOR back_color_ = 0x8000000F;
+  int16_t back_style_ = 1;
+  FontDescription font_;
+  bool word_wrap_ = false;
+  bool use_mnemonic_ = true;
+  bool auto_size_ = false;
+  Signal<> click_;
+  Signal<> dbl_click_;
+  MouseSignal mouse_down_;
+  MouseSignal mouse_move_;
+  MouseSignal mouse_up_;
+};
+
+}  // namespace zk

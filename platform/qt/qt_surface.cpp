@@ -1,0 +1,202 @@
+#include "platform/qt/qt_surface.h"
+
+#include <QFocusEvent>
+#include <QPainter>
+#include <cmath>
+
+#include "platform/qt/qt_colors.h"
+#include "platform/qt/qt_input.h"
+#include "platform/qt/qt_label.h"
+#include "platform/qt/qt_mouse_reporter.h"
+#include "platform/qt/qt_platform.h"
+
+namespace zk {
+namespace {
+
+int Pixels(double twips, double twips_per_pixel) {
+  return static_cast<int>(std::lround(twips / twips_per_pixel));
+}
+
+}  // namespace
+
+class QtSurface::ControlWidget final : public QWidget {
+ public:
+  ControlWidget(QtSurface& surface, QWidget* parent)
+      : QWidget(parent),
+        surface_(surface),
+        mouse_({&surface.click_, &surface.dbl_click_, &surface.mouse_down_, &surface.mouse_move_,
+                &surface.mouse_up_},
+               [this](QPointF point) {
+                 const int border = surface_.BorderPixels();
+                 return std::pair<float, float>(
+                     static_cast<float>(surface_.XToTwips(point.x() - border)),
+                     static_cast<float>(surface_.YToTwips(point.y() - border)));
+               }) {
+    setMouseTracking(true);
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    const QPalette& colors = palette();
+    painter.fillRect(rect(), ToQColor(surface_.back_color_, colors));
+    if (surface_.border_style_ == 0) return;
+    const QRect outer = rect().adjusted(0, 0, -1, -1);
+    if (surface_.appearance_ == 0) {
+      painter.setPen(Qt::black);
+      painter.drawRect(outer);
+      return;
+    }
+    // A sunken edge: shadow above and left, light below and right, twice.
+    auto edge = [&](const QRect& r, const QColor& top_left, const QColor& bottom_right) {
+      painter.setPen(top_left);
+      painter.drawLine(r.topLeft(), r.topRight());
+      painter.drawLine(r.topLeft(), r.bottomLeft());
+      painter.setPen(bottom_right);
+      painter.drawLine(r.bottomLeft(), r.bottomRight());
+      painter.drawLine(r.topRight(), r.bottomRight());
+    };
+    edge(outer, colors.color(QPalette::Dark), colors.color(QPalette::Light));
+    edge(outer.adjusted(1, 1, -1, -1), colors.color(QPalette::Shadow),
+         colors.color(QPalette::Midlight));
+  }
+  void mousePressEvent(QMouseEvent* event) override { mouse_.Press(event, rect()); }
+  void mouseDoubleClickEvent(QMouseEvent* event) override { mouse_.DoubleClick(event); }
+  void mouseMoveEvent(QMouseEvent* event) override { mouse_.Move(event); }
+  void mouseReleaseEvent(QMouseEvent* event) override { mouse_.Release(event, rect()); }
+  void keyPressEvent(QKeyEvent* event) override {
+    int16_t key_code = KeyCodeOf(event->key());
+    int16_t shift = ShiftCode(event->modifiers());
+    surface_.key_down_.Emit(key_code, shift);
+    const QString text = event->text();
+    if (!text.isEmpty()) {
+      int16_t character = static_cast<int16_t>(text.at(0).unicode());
+      surface_.key_press_.Emit(character);
+    }
+  }
+  void keyReleaseEvent(QKeyEvent* event) override {
+    int16_t key_code = KeyCodeOf(event->key());
+    int16_t shift = ShiftCode(event->modifiers());
+    surface_.key_up_.Emit(key_code, shift);
+  }
+  void focusInEvent(QFocusEvent*) override { surface_.got_focus_.Emit(); }
+  void focusOutEvent(QFocusEvent*) override { surface_.lost_focus_.Emit(); }
+
+ private:
+  QtSurface& surface_;
+  QtMouseReporter mouse_;
+};
+
+QtSurface::QtSurface(QtPlatform& platform, FormExtender& extender, QWidget* form, bool can_focus)
+    : platform_(platform), extender_(extender) {
+  auto* widget = new ControlWidget(*this, form);
+  widget->setFocusPolicy(can_focus ? Qt::StrongFocus : Qt::NoFocus);
+  widget_ = widget;
+  window_ = platform_.Windows().Register(widget, u"ZKControl", 0x50000000);
+  last_width_ = extender_.Width();
+  last_height_ = extender_.Height();
+  FollowExtender(u"Move");
+  widget->show();
+  extender_connection_ = extender_.PropertyWritten().Connect(
+      [this](std::u16string_view property) { FollowExtender(property); });
+}
+
+QtSurface::~QtSurface() {
+  delete widget_.data();
+}
+
+int QtSurface::BorderPixels() const {
+  return border_style_ == 0 ? 0 : (appearance_ == 1 ? 2 : 1);
+}
+
+QPoint QtSurface::ToPixels(double x, double y) const {
+  return QPoint(Pixels(x, platform_.Screen().TwipsPerPixelX()) + BorderPixels(),
+                Pixels(y, platform_.Screen().TwipsPerPixelY()) + BorderPixels());
+}
+
+double QtSurface::XToTwips(double pixels) const {
+  return pixels * platform_.Screen().TwipsPerPixelX();
+}
+
+double QtSurface::YToTwips(double pixels) const {
+  return pixels * platform_.Screen().TwipsPerPixelY();
+}
+
+double QtSurface::ScaleWidth() const {
+  return std::max(0.0, Width() - 2 * XToTwips(BorderPixels()));
+}
+
+double QtSurface::ScaleHeight() const {
+  return std::max(0.0, Height() - 2 * YToTwips(BorderPixels()));
+}
+
+void QtSurface::SetSize(double width, double height) {
+  extender_.Move(extender_.Left(), extender_.Top(), width, height);
+}
+
+void QtSurface::SetBackColor(OLE_COLOR color) {
+  back_color_ = color;
+  if (widget_) widget_->update();
+}
+
+void QtSurface::SetBorderStyle(int16_t style) {
+  border_style_ = style;
+  placement_changed_.Emit();
+  if (widget_) widget_->update();
+}
+
+void QtSurface::SetAppearance(int16_t appearance) {
+  appearance_ = appearance;
+  back_color_ = appearance == 1 ? 0x8000000F : 0x80000005;
+  placement_changed_.Emit();
+  if (widget_) widget_->update();
+}
+
+bool QtSurface::Enabled() const {
+  return widget_ ? widget_->isEnabled() : false;
+}
+
+void QtSurface::SetEnabled(bool enabled) {
+  if (widget_) widget_->setEnabled(enabled);
+}
+
+void QtSurface::SetMousePointer(int16_t shape) {
+  mouse_pointer_ = shape;
+  if (widget_) widget_->setCursor(shape == 0 ? Qt::ArrowCursor : Qt::CursorShape(Qt::ArrowCursor));
+}
+
+void QtSurface::Refresh() {
+  if (widget_) widget_->repaint();
+}
+
+void QtSurface::PopupMenu(const Variant&, const Variant&, const Variant&, const Variant&,
+                          const Variant&) {
+  // Menus belong to the host application; a form without menus has nothing to show.
+}
+
+std::unique_ptr<ILabelElement> QtSurface::CreateLabel() {
+  return std::make_unique<QtLabel>(*this, platform_.Fonts().DefaultFont());
+}
+
+void QtSurface::FollowExtender(std::u16string_view property) {
+  if (widget_ == nullptr) return;
+  if (property == u"Visible") {
+    widget_->setVisible(extender_.Visible());
+    return;
+  }
+  if (property != u"Move" && property != u"Top" && property != u"Left" && property != u"Width" &&
+      property != u"Height") {
+    return;
+  }
+  const double tpp_x = platform_.Screen().TwipsPerPixelX();
+  const double tpp_y = platform_.Screen().TwipsPerPixelY();
+  widget_->setGeometry(Pixels(extender_.Left(), tpp_x), Pixels(extender_.Top(), tpp_y),
+                       Pixels(extender_.Width(), tpp_x), Pixels(extender_.Height(), tpp_y));
+  if (extender_.Width() != last_width_ || extender_.Height() != last_height_) {
+    last_width_ = extender_.Width();
+    last_height_ = extender_.Height();
+    resized_.Emit();
+  }
+}
+
+}  // namespace zk

@@ -1,0 +1,175 @@
+#include "platform/qt/qt_window_system.h"
+
+#include <QApplication>
+#include <QWheelEvent>
+#include <utility>
+
+#include "platform/window_messages.h"
+
+namespace zk {
+
+// Turns the Qt events of one widget into window messages.
+class QtWindowSystem::MessageRouter final : public QObject {
+ public:
+  MessageRouter(QtWindowSystem& system, WindowHandle window) : system_(system), window_(window) {}
+
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::Wheel) {
+      const auto* wheel = static_cast<QWheelEvent*>(event);
+      const int delta =
+          wheel->angleDelta().y() != 0 ? wheel->angleDelta().y() : wheel->angleDelta().x();
+      const auto wparam =
+          static_cast<int32_t>(static_cast<uint32_t>(static_cast<uint16_t>(delta)) << 16);
+      // Swallowed unless a procedure passed the message on to the widget's own one.
+      return !system_.Route(window_, window_message::kMouseWheel, wparam, 0);
+    }
+    return false;
+  }
+
+ private:
+  QtWindowSystem& system_;
+  WindowHandle window_;
+};
+
+QtWindowSystem::QtWindowSystem() {
+  class_procedure_ = RegisterWindowProcedure(
+      [this](WindowHandle window, uint32_t message, int32_t wparam, int32_t lparam) {
+        return ClassProcedure(window, message, wparam, lparam);
+      });
+}
+
+QtWindowSystem::~QtWindowSystem() {
+  for (auto& [handle, window] : windows_) {
+    if (window.widget && window.router) window.widget->removeEventFilter(window.router.get());
+  }
+}
+
+WindowHandle QtWindowSystem::Register(QWidget* widget, std::u16string class_name, int32_t style) {
+  const WindowHandle handle = next_handle_;
+  next_handle_ += 4;
+  Window window;
+  window.widget = widget;
+  window.class_name = std::move(class_name);
+  window.style = style;
+  window.procedure = class_procedure_;
+  window.router = std::make_unique<MessageRouter>(*this, handle);
+  widget->installEventFilter(window.router.get());
+  QObject::connect(widget, &QObject::destroyed, window.router.get(), [this, handle] {
+    SendMessage(handle, window_message::kDestroy, 0, 0);
+    SendMessage(handle, window_message::kNcDestroy, 0, 0);
+    Forget(handle);
+  });
+  windows_.emplace(handle, std::move(window));
+  return handle;
+}
+
+void QtWindowSystem::Forget(WindowHandle window) {
+  auto found = windows_.find(window);
+  if (found == windows_.end()) return;
+  // The router may be the sender of the signal that brought us here: delete it later.
+  found->second.router.release()->deleteLater();
+  windows_.erase(found);
+}
+
+QWidget* QtWindowSystem::Widget(WindowHandle window) const {
+  auto found = windows_.find(window);
+  return found == windows_.end() ? nullptr : found->second.widget.data();
+}
+
+WindowHandle QtWindowSystem::HandleOf(const QWidget* widget) const {
+  for (const auto& [handle, window] : windows_) {
+    if (window.widget == widget) return handle;
+  }
+  return 0;
+}
+
+bool QtWindowSystem::IsWindow(WindowHandle window) const {
+  return Widget(window) != nullptr;
+}
+
+bool QtWindowSystem::GetWindowRect(WindowHandle window, PixelRect& rect) const {
+  const QWidget* widget = Widget(window);
+  if (widget == nullptr) return false;
+  const QPoint origin = widget->mapToGlobal(QPoint(0, 0));
+  rect = {origin.x(), origin.y(), origin.x() + widget->width(), origin.y() + widget->height()};
+  return true;
+}
+
+bool QtWindowSystem::ScreenToClient(WindowHandle window, PixelPoint& point) const {
+  const QWidget* widget = Widget(window);
+  if (widget == nullptr) return false;
+  const QPoint local = widget->mapFromGlobal(QPoint(point.x, point.y));
+  point = {local.x(), local.y()};
+  return true;
+}
+
+int32_t QtWindowSystem::GetWindowLong(WindowHandle window, int32_t index) const {
+  auto found = windows_.find(window);
+  if (found == windows_.end() || !found->second.widget) return 0;
+  if (index == window_long::kStyle) return found->second.style;
+  if (index == window_long::kWindowProcedure) return found->second.procedure;
+  return 0;
+}
+
+int32_t QtWindowSystem::SetWindowLong(WindowHandle window, int32_t index, int32_t value) {
+  auto found = windows_.find(window);
+  if (found == windows_.end() || !found->second.widget) return 0;
+  if (index == window_long::kStyle) return std::exchange(found->second.style, value);
+  if (index == window_long::kWindowProcedure) {
+    if (!procedures_.contains(value)) return 0;
+    return std::exchange(found->second.procedure, value);
+  }
+  return 0;
+}
+
+int32_t QtWindowSystem::SendMessage(WindowHandle window, uint32_t message, int32_t wparam,
+                                    int32_t lparam) {
+  auto found = windows_.find(window);
+  if (found == windows_.end()) return 0;
+  return CallWindowProc(found->second.procedure, window, message, wparam, lparam);
+}
+
+int32_t QtWindowSystem::CallWindowProc(int32_t address, WindowHandle window, uint32_t message,
+                                       int32_t wparam, int32_t lparam) {
+  auto found = procedures_.find(address);
+  if (found == procedures_.end()) return 0;
+  WindowProcedure procedure = found->second;  // it may release itself while it runs
+  return procedure(window, message, wparam, lparam);
+}
+
+int32_t QtWindowSystem::RegisterWindowProcedure(WindowProcedure procedure) {
+  const int32_t address = next_procedure_;
+  next_procedure_ += 16;
+  procedures_.emplace(address, std::move(procedure));
+  return address;
+}
+
+void QtWindowSystem::ReleaseWindowProcedure(int32_t address) {
+  if (address != class_procedure_) procedures_.erase(address);
+}
+
+bool QtWindowSystem::ReleaseCapture() {
+  if (QWidget* grabber = QWidget::mouseGrabber()) grabber->releaseMouse();
+  return true;
+}
+
+WindowHandle QtWindowSystem::GetActiveWindow() const {
+  return HandleOf(QApplication::activeWindow());
+}
+
+bool QtWindowSystem::Route(WindowHandle window, uint32_t message, int32_t wparam, int32_t lparam) {
+  const bool outer = class_procedure_ran_;
+  class_procedure_ran_ = false;
+  SendMessage(window, message, wparam, lparam);
+  const bool ran = class_procedure_ran_;
+  class_procedure_ran_ = outer;
+  return ran;
+}
+
+int32_t QtWindowSystem::ClassProcedure(WindowHandle, uint32_t, int32_t, int32_t) {
+  // The widget's own handling is Qt's: the event goes on to the widget.
+  class_procedure_ran_ = true;
+  return 0;
+}
+
+}  // namespace zk

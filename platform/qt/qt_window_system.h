@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/window_system.h"
+
+namespace zk {
+
+// Windows of the Qt platform: widgets given a 32-bit handle and a window procedure. The
+// messages that the controls observe flow through the procedure of the widget: the mouse wheel
+// (522) before Qt handles it, and the destruction messages (2 and 130) when the widget goes. A
+// message that no procedure passes on to the widget's own procedure is not handled by Qt.
+class QtWindowSystem final : public IWindowSystem {
+ public:
+  QtWindowSystem();
+  ~QtWindowSystem() override;
+
+  // Gives the widget a handle (until it is destroyed) and its own procedure.
+  WindowHandle Register(QWidget* widget, std::u16string class_name, int32_t style = 0);
+  QWidget* Widget(WindowHandle window) const;
+  WindowHandle HandleOf(const QWidget* widget) const;
+
+  bool IsWindow(WindowHandle window) const override;
+  bool GetWindowRect(WindowHandle window, PixelRect& rect) const override;
+  bool ScreenToClient(WindowHandle window, PixelPoint& point) const override;
+  int32_t GetWindowLong(WindowHandle window, int32_t index) const override;
+  int32_t SetWindowLong(WindowHandle window, int32_t index, int32_t value) override;
+  int32_t SendMessage(WindowHandle window, uint32_t message, int32_t wparam,
+                      int32_t lparam) override;
+  int32_t CallWindowProc(int32_t address, WindowHandle window, uint32_t message, int32_t wparam,
+                         int32_t lparam) override;
+  int32_t RegisterWindowProcedure(WindowProcedure procedure) override;
+  void ReleaseWindowProcedure(int32_t address) override;
+  bool ReleaseCapture() override;
+  WindowHandle GetActiveWindow() const override;
+
+ private:
+  class MessageRouter;
+  struct Window {
+    QPointer<QWidget> widget;
+    std::u16string class_name;
+    int32_t style = 0;
+    int32_t procedure = 0;
+    std::unique_ptr<MessageRouter> router;
+  };
+
+  int32_t ClassProcedure(WindowHandle window, uint32_t message, int32_t wparam, int32_t lparam);
+  // Sends a message that Qt is about to handle; true when the widget's own procedure ran.
+  bool Route(WindowHandle window, uint32_t message, int32_t wparam, int32_t lparam);
+  void Forget(WindowHandle window);
+
+  std::map<WindowHandle, Window> windows_;
+  std::map<int32_t, WindowProcedure> procedures_;
+  int32_t class_procedure_ = 0;
+  WindowHandle next_handle_ = 0x00020010;
+  int32_t next_procedure_ = 0x00501000;
+  bool class_procedure_ran_ = false;
+};
+
+}  // namespace zk
