@@ -7,12 +7,14 @@
 #include <string_view>
 #include <vector>
 
+#include "apps/gallery.h"
 #include "controls/control_kinds.h"
 #include "foundation/archive_utils.h"
 #include "foundation/text_encoding.h"
 #include "foundation/zk_error.h"
 #include "hosting/archive_explainer.h"
 #include "hosting/headless_form.h"
+#include "hosting/qt_form.h"
 #include "hosting/script_host.h"
 
 namespace {
@@ -21,8 +23,10 @@ constexpr const char* kUsage =
     "usage: zkcontrols COMMAND [ARGS]\n"
     "\n"
     "commands:\n"
-    "  gallery                        show every control of the library\n"
-    "  script [--platform headless] [FILE|-]\n"
+    "  gallery [--screenshot FILE.png] [--archive FILE] [--offscreen]\n"
+    "                                 show every control of the library (without a display,\n"
+    "                                 or with --screenshot, render it to a PNG)\n"
+    "  script [--platform headless|qt] [FILE|-]\n"
     "                                 run a script of statements (standard input for - or none)\n"
     "  archive explain KIND STRING    explain an archive string of a control kind\n"
     "  archive split STRING           list the elements of an archive string\n"
@@ -35,28 +39,33 @@ void PrintLine(std::u16string_view line) {
   std::fwrite(text.data(), 1, text.size(), stdout);
 }
 
-int Gallery() {
-  std::printf(
-      "ZKBaseGUIControls 2.01 (ZK Base GUI Controls)\n"
-      "Controls so far:");
-  for (const zk::ControlKind& kind : zk::ControlKinds()) {
-    std::printf(" %s", zk::Utf16ToUtf8(kind.name).c_str());
+int Gallery(const std::vector<std::string_view>& args) {
+  zk::GalleryOptions options;
+  for (size_t i = 0; i < args.size(); ++i) {
+    if (args[i] == "--offscreen") {
+      options.offscreen = true;
+    } else if ((args[i] == "--screenshot" || args[i] == "--archive") && i + 1 < args.size()) {
+      (args[i] == "--screenshot" ? options.screenshot : options.archive_file) = args[i + 1];
+      ++i;
+    } else {
+      std::fprintf(stderr, "zkcontrols: unknown gallery argument %s\n%s",
+                   std::string(args[i]).c_str(), kUsage);
+      return 2;
+    }
   }
-  std::printf(
-      "\nThe gallery window needs the Qt backend, which is not built yet; until then try the\n"
-      "controls with './run script' (see README).\n");
-  return 0;
+  return zk::RunGallery(options);
 }
 
 int Script(const std::vector<std::string_view>& args) {
   std::string_view file = "-";
+  std::string_view platform_name = "headless";
   for (size_t i = 0; i < args.size(); ++i) {
     if (args[i] == "--platform") {
-      if (i + 1 >= args.size() || args[i + 1] != "headless") {
-        std::fprintf(stderr, "zkcontrols: the script host runs on the headless platform only\n");
+      if (i + 1 >= args.size() || (args[i + 1] != "headless" && args[i + 1] != "qt")) {
+        std::fprintf(stderr, "zkcontrols: --platform takes headless or qt\n");
         return 2;
       }
-      ++i;
+      platform_name = args[++i];
     } else {
       file = args[i];
     }
@@ -76,11 +85,21 @@ int Script(const std::vector<std::string_view>& args) {
     contents << input.rdbuf();
     script = contents.str();
   }
-  zk::HeadlessPlatform platform;
-  zk::PlatformScope scope(platform);
-  zk::HeadlessForm form(platform);
-  zk::ScriptHost host(form, PrintLine);
-  const int status = host.Run(zk::Utf8ToUtf16(script));
+  int status = 0;
+  if (platform_name == "qt") {
+    zk::QtPlatform platform;
+    zk::PlatformScope scope(platform);
+    zk::QtForm form(platform);
+    form.Widget()->show();
+    zk::ScriptHost host(form, PrintLine);
+    status = host.Run(zk::Utf8ToUtf16(script));
+  } else {
+    zk::HeadlessPlatform platform;
+    zk::PlatformScope scope(platform);
+    zk::HeadlessForm form(platform);
+    zk::ScriptHost host(form, PrintLine);
+    status = host.Run(zk::Utf8ToUtf16(script));
+  }
   std::fflush(stdout);
   return status;
 }
@@ -121,7 +140,7 @@ int main(int argc, char** argv) {
   }
   const std::string_view command = args[0];
   const std::vector<std::string_view> rest(args.begin() + 1, args.end());
-  if (command == "gallery") return Gallery();
+  if (command == "gallery") return Gallery(rest);
   if (command == "script") return Script(rest);
   if (command == "kinds") {
     for (const zk::ControlKind& kind : zk::ControlKinds())

@@ -57,11 +57,11 @@ class Signal {
   // Adds a handler; it stays connected until the returned connection ends.
   [[nodiscard]] ScopedConnection Connect(Handler handler) {
     const size_t id = ++state_->next_id;
-    state_->slots.push_back(Slot{id, std::make_shared<Handler>(std::move(handler))});
+    state_->entries.push_back(Slot{id, std::make_shared<Handler>(std::move(handler))});
     std::weak_ptr<State> weak = state_;
     return ScopedConnection([weak, id] {
       if (auto state = weak.lock()) {
-        for (auto& slot : state->slots) {
+        for (auto& slot : state->entries) {
           if (slot.id == id) slot.handler.reset();
         }
         if (state->emitting == 0) state->Compact();
@@ -72,7 +72,7 @@ class Signal {
   // Calls every connected handler with the arguments.
   void Emit(Args... args) const {
     auto state = state_;
-    // Ends the emission also when a handler throws, so that disconnected slots still go.
+    // Ends the emission also when a handler throws, so that disconnected entries still go.
     struct Emission {
       State& state;
       explicit Emission(State& s) : state(s) { ++state.emitting; }
@@ -80,15 +80,15 @@ class Signal {
         if (--state.emitting == 0) state.Compact();
       }
     } emission(*state);
-    const size_t count = state->slots.size();
+    const size_t count = state->entries.size();
     for (size_t i = 0; i < count; ++i) {
-      std::shared_ptr<Handler> handler = state->slots[i].handler;
+      std::shared_ptr<Handler> handler = state->entries[i].handler;
       if (handler) (*handler)(args...);
     }
   }
 
   bool HasHandlers() const {
-    for (const auto& slot : state_->slots) {
+    for (const auto& slot : state_->entries) {
       if (slot.handler) return true;
     }
     return false;
@@ -100,11 +100,11 @@ class Signal {
     std::shared_ptr<Handler> handler;
   };
   struct State {
-    std::vector<Slot> slots;
+    std::vector<Slot> entries;
     size_t next_id = 0;
     int emitting = 0;
     void Compact() {
-      std::erase_if(slots, [](const Slot& slot) { return !slot.handler; });
+      std::erase_if(entries, [](const Slot& slot) { return !slot.handler; });
     }
   };
   std::shared_ptr<State> state_;

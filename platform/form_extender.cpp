@@ -67,7 +67,7 @@ Variant FormExtender::GetProperty(std::u16string_view name, std::span<const Vari
 }
 
 void FormExtender::SetProperty(std::u16string_view name, const Variant& value,
-                                   std::span<const Variant> index) {
+                               std::span<const Variant> index) {
   if (!index.empty()) return DispatchObject::SetProperty(name, value, index);
   // Every branch converts first, so a value that does not convert changes nothing.
   if (MemberNameEquals(name, u"Name")) {

@@ -3,6 +3,7 @@
 #include <QFontDatabase>
 #include <QFontMetrics>
 #include <QRect>
+#include <QStringList>
 #include <algorithm>
 
 #include "foundation/dispatch_object.h"

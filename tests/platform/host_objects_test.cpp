@@ -6,8 +6,8 @@
 
 #include "foundation/zk_error.h"
 #include "platform/form_ambient.h"
-#include "platform/headless/headless_control_site.h"
 #include "platform/form_extender.h"
+#include "platform/headless/headless_control_site.h"
 #include "platform/headless/headless_font_catalogue.h"
 #include "platform/headless/headless_platform.h"
 #include "platform/memory_property_bag.h"

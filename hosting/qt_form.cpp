@@ -1,0 +1,172 @@
+#include "hosting/qt_form.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QWheelEvent>
+
+#include "foundation/zk_error.h"
+#include "hosting/send_keys.h"
+#include "platform/qt/qt_colors.h"
+#include "platform/qt/qt_input.h"
+
+namespace zk {
+
+class QtForm::FormWidget final : public QWidget {
+ public:
+  explicit FormWidget(QtForm& form) : form_(form) {
+    setWindowTitle(QStringLiteral("ZKBaseGUIControls"));
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.fillRect(rect(), ToQColor(form_.AmbientProperties().BackColor(), palette()));
+  }
+
+ private:
+  QtForm& form_;
+};
+
+QtForm::QtForm(QtPlatform& platform) : Form(platform, platform.Recorder()), platform_(platform) {
+  auto* widget = new FormWidget(*this);
+  widget->resize(640, 480);
+  widget_ = widget;
+  platform_.Windows().Register(widget, u"Form");
+  ambient_connection_ = AmbientProperties().AmbientChanged().Connect([this](std::u16string_view) {
+    if (widget_) widget_->update();
+  });
+}
+
+QtForm::~QtForm() {
+  RemoveAll();
+  delete widget_.data();
+}
+
+std::unique_ptr<IControlSite> QtForm::CreateSite(const ControlKind& kind,
+                                                 std::u16string_view name) {
+  return std::make_unique<QtControlSite>(platform_, AmbientProperties(), widget_.data(),
+                                         std::u16string(name), kind.can_focus);
+}
+
+void QtForm::SetTwipsPerPixel(double twips_per_pixel) {
+  platform_.Screen().SetTwipsPerPixel(twips_per_pixel);
+}
+
+QtControlSite* QtForm::FindSite(std::u16string_view name) {
+  Placed* placed = FindPlaced(name);
+  return placed ? static_cast<QtControlSite*>(placed->site.get()) : nullptr;
+}
+
+ZKControl* QtForm::FocusedControl() {
+  const QWidget* focus = QApplication::focusWidget();
+  for (Placed& placed : PlacedControls()) {
+    const QWidget* control = static_cast<QtControlSite&>(*placed.site).Surface().Widget();
+    if (focus != nullptr && control != nullptr &&
+        (focus == control || control->isAncestorOf(focus))) {
+      return placed.control.get();
+    }
+  }
+  return nullptr;
+}
+
+void QtForm::DeliverMouse(std::u16string_view name, MouseAction action, int16_t button,
+                          int16_t shift, float x, float y) {
+  QtControlSite* site = FindSite(name);
+  if (site == nullptr || site->Surface().Widget() == nullptr) {
+    throw ZKError(error_number::kInvalidProcedureCall, u"No such control");
+  }
+  QtSurface& surface = site->Surface();
+  QWidget* control = surface.Widget();
+  // Sub-pixel positions keep the twips that the input names.
+  const QPointF point(x / surface.XToTwips(1) + surface.BorderPixels(),
+                      y / surface.YToTwips(1) + surface.BorderPixels());
+  QWidget* target = pressed_;
+  if (target == nullptr) {
+    target = control->childAt(point.toPoint());
+    if (target == nullptr) target = control;
+  }
+  if (action == MouseAction::kDown && site->Surface().Widget()->focusPolicy() != Qt::NoFocus) {
+    Focus(name);
+  }
+  const QPointF local = target->mapFrom(control, point);
+  const QPointF global = target->mapToGlobal(local);
+  const Qt::MouseButton qt_button = QtButtonOf(button);
+  QEvent::Type type = QEvent::MouseMove;
+  Qt::MouseButtons held = pressed_ ? Qt::MouseButtons(qt_button) : Qt::MouseButtons();
+  switch (action) {
+    case MouseAction::kDown:
+      type = QEvent::MouseButtonPress;
+      held = qt_button;
+      pressed_ = target;
+      break;
+    case MouseAction::kDoubleDown:
+      type = QEvent::MouseButtonDblClick;
+      held = qt_button;
+      pressed_ = target;
+      break;
+    case MouseAction::kUp:
+      type = QEvent::MouseButtonRelease;
+      held = Qt::NoButton;
+      pressed_ = nullptr;
+      break;
+    case MouseAction::kMove:
+      held = QtButtonOf(button);
+      break;
+  }
+  QMouseEvent event(type, local, global, action == MouseAction::kMove ? Qt::NoButton : qt_button,
+                    held, ModifiersOf(shift));
+  QApplication::sendEvent(target, &event);
+}
+
+bool QtForm::Focus(std::u16string_view name) {
+  Placed* placed = FindPlaced(name);
+  if (placed == nullptr) throw ZKError(error_number::kInvalidProcedureCall, u"No such control");
+  if (!CanFocus(*placed)) return false;
+  QWidget* widget = static_cast<QtControlSite&>(*placed->site).Surface().Widget();
+  if (widget_ && !widget_->isVisible()) widget_->show();
+  if (widget_) widget_->activateWindow();
+  widget->setFocus(Qt::OtherFocusReason);
+  QApplication::processEvents();
+  return true;
+}
+
+void QtForm::TypeKeys(std::u16string_view keys) {
+  for (const KeyStroke& stroke : ParseSendKeys(keys)) {
+    if (stroke.key_code == 9 && (stroke.shift & 6) == 0) {
+      if (Placed* next = NextInTabOrder(FocusedControl(), (stroke.shift & 1) != 0)) {
+        static_cast<QtControlSite&>(*next->site).Surface().Widget()->setFocus(Qt::TabFocusReason);
+        QApplication::processEvents();
+      }
+      continue;
+    }
+    QWidget* focus = QApplication::focusWidget();
+    if (focus == nullptr) continue;  // nothing has the focus: the keys go nowhere
+    const QString text =
+        stroke.character != 0 ? QString(QChar(char16_t(stroke.character))) : QString();
+    QKeyEvent press(QEvent::KeyPress, QtKeyOf(stroke.key_code), ModifiersOf(stroke.shift), text);
+    QApplication::sendEvent(focus, &press);
+    QKeyEvent release(QEvent::KeyRelease, QtKeyOf(stroke.key_code), ModifiersOf(stroke.shift),
+                      text);
+    QApplication::sendEvent(focus, &release);
+  }
+}
+
+void QtForm::Wheel(std::u16string_view name, int32_t delta) {
+  QtControlSite* site = FindSite(name);
+  if (site == nullptr || site->Surface().Widget() == nullptr) {
+    throw ZKError(error_number::kInvalidProcedureCall, u"No such control");
+  }
+  QWidget* control = site->Surface().Widget();
+  const QPointF centre(control->width() / 2.0, control->height() / 2.0);
+  QWheelEvent event(centre, control->mapToGlobal(centre), QPoint(), QPoint(0, delta), Qt::NoButton,
+                    Qt::NoModifier, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(control, &event);
+}
+
+void QtForm::Wait(int32_t milliseconds) {
+  platform_.RunEventLoop(milliseconds);
+}
+
+}  // namespace zk
