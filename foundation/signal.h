@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <functional>
 #include <memory>
@@ -61,10 +62,16 @@ class Signal {
     std::weak_ptr<State> weak = state_;
     return ScopedConnection([weak, id] {
       if (auto state = weak.lock()) {
-        for (auto& slot : state->entries) {
-          if (slot.id == id) slot.handler.reset();
+        // Ids grow with every connection, so the entries are sorted by id.
+        auto found =
+            std::lower_bound(state->entries.begin(), state->entries.end(), id,
+                             [](const Slot& slot, size_t wanted) { return slot.id < wanted; });
+        if (found != state->entries.end() && found->id == id && found->handler) {
+          found->handler.reset();
+          ++state->dead;
         }
-        if (state->emitting == 0) state->Compact();
+        // Many connections end together (a form closing): compact only now and then.
+        if (state->emitting == 0 && state->dead * 2 > state->entries.size()) state->Compact();
       }
     });
   }
@@ -77,7 +84,7 @@ class Signal {
       State& state;
       explicit Emission(State& s) : state(s) { ++state.emitting; }
       ~Emission() {
-        if (--state.emitting == 0) state.Compact();
+        if (--state.emitting == 0 && state.dead > 0) state.Compact();
       }
     } emission(*state);
     const size_t count = state->entries.size();
@@ -102,9 +109,11 @@ class Signal {
   struct State {
     std::vector<Slot> entries;
     size_t next_id = 0;
+    size_t dead = 0;
     int emitting = 0;
     void Compact() {
       std::erase_if(entries, [](const Slot& slot) { return !slot.handler; });
+      dead = 0;
     }
   };
   std::shared_ptr<State> state_;

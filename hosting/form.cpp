@@ -12,6 +12,15 @@
 namespace zk {
 namespace {
 
+// Names compare without regard to ASCII case.
+std::u16string LowerCase(std::u16string_view name) {
+  std::u16string lower(name);
+  for (char16_t& c : lower) {
+    if (c >= u'A' && c <= u'Z') c = static_cast<char16_t>(c + 32);
+  }
+  return lower;
+}
+
 bool IsName(std::u16string_view name) {
   if (name.empty() || name.size() > 40) return false;
   auto letter = [](char16_t c) { return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z'); };
@@ -34,12 +43,14 @@ Form::Form(IPlatform& platform, PlatformRecorder& recorder)
 Form::~Form() = default;
 
 Form::Placed* Form::FindPlaced(std::u16string_view name) {
-  for (Placed& placed : placed_) {
-    if (MemberNameEquals(placed.site->Extender().GetProperty(u"Name").ToText(), name)) {
-      return &placed;
-    }
-  }
-  return nullptr;
+  auto found = index_.find(LowerCase(name));
+  return found == index_.end() ? nullptr : &placed_[found->second];
+}
+
+void Form::Reindex() {
+  index_.clear();
+  for (size_t i = 0; i < placed_.size(); ++i)
+    index_.emplace(LowerCase(placed_[i].name), i);
 }
 
 ZKControl* Form::FindControl(std::u16string_view name) {
@@ -69,6 +80,7 @@ bool Form::RemoveControl(std::u16string_view name) {
   if (placed == nullptr) return false;
   placed->control.reset();  // the control goes before its site
   placed_.erase(placed_.begin() + (placed - placed_.data()));
+  Reindex();
   return true;
 }
 
@@ -78,11 +90,12 @@ void Form::RemoveAll() {
     placed_.back().control.reset();
     placed_.pop_back();
   }
+  index_.clear();
 }
 
 Form::Placed& Form::Place(const ControlKind& kind, std::u16string_view name,
                           const MemoryPropertyBag* extender_values) {
-  Placed placed{&kind, CreateSite(kind, name), nullptr};
+  Placed placed{std::u16string(name), &kind, CreateSite(kind, name), nullptr};
   DispatchObject& extender = placed.site->Extender();
   extender.SetProperty(u"Width", Variant(kind.width));
   extender.SetProperty(u"Height", Variant(kind.height));
@@ -108,6 +121,7 @@ Form::Placed& Form::Place(const ControlKind& kind, std::u16string_view name,
                                [&control](bool enabled) { control.SetEnabled(enabled); });
   }
   placed_.push_back(std::move(placed));
+  index_.emplace(LowerCase(name), placed_.size() - 1);
   return placed_.back();
 }
 

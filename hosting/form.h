@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "controls/control_kinds.h"
@@ -70,6 +71,7 @@ class Form {
 
  protected:
   struct Placed {
+    std::u16string name;
     const ControlKind* kind;
     std::unique_ptr<IControlSite> site;
     std::shared_ptr<ZKControl> control;
@@ -89,6 +91,7 @@ class Form {
   // The next control in tab order after `current` (or before it), wrapping around.
   Placed* NextInTabOrder(const ZKControl* current, bool backwards);
   Placed* FindPlaced(std::u16string_view name);
+  void Reindex();
   IPlatform& Platform() { return platform_; }
 
  private:
@@ -99,6 +102,8 @@ class Form {
   PlatformRecorder& recorder_;
   FormAmbient ambient_;
   std::vector<Placed> placed_;
+  // Placed controls by their name in lower case, for quick lookups on large forms.
+  std::unordered_map<std::u16string, size_t> index_;
 };
 
 }  // namespace zk

@@ -9,30 +9,6 @@
 
 namespace zk {
 
-// The elements created on a surface, in creation order (the last one is on top). Elements
-// outlive nothing here: each one removes itself when it is destroyed.
-class HeadlessSurface::ElementList {
- public:
-  void Add(IElement* element) { elements_.push_back(element); }
-  void Remove(IElement* element) { std::erase(elements_, element); }
-  bool Contains(const IElement* element) const {
-    return std::find(elements_.begin(), elements_.end(), element) != elements_.end();
-  }
-  IElement* TopmostAt(double x, double y) const {
-    for (auto it = elements_.rbegin(); it != elements_.rend(); ++it) {
-      IElement* element = *it;
-      if (element->Visible() && element->Enabled() && x >= element->Left() && y >= element->Top() &&
-          x < element->Left() + element->Width() && y < element->Top() + element->Height()) {
-        return element;
-      }
-    }
-    return nullptr;
-  }
-
- private:
-  std::vector<IElement*> elements_;
-};
-
 namespace {
 
 // An element that keeps itself in its surface's list while it lives.
@@ -40,7 +16,7 @@ template <typename Element>
 class Registered final : public Element {
  public:
   template <typename... Args>
-  explicit Registered(std::weak_ptr<HeadlessSurface::ElementList> list, Args&&... args)
+  explicit Registered(std::weak_ptr<MouseDispatcher> list, Args&&... args)
       : Element(std::forward<Args>(args)...), list_(std::move(list)) {
     if (auto list_alive = list_.lock()) list_alive->Add(this);
   }
@@ -49,7 +25,7 @@ class Registered final : public Element {
   }
 
  private:
-  std::weak_ptr<HeadlessSurface::ElementList> list_;
+  std::weak_ptr<MouseDispatcher> list_;
 };
 
 int32_t ToPixels(double twips, double twips_per_pixel) {
@@ -63,7 +39,8 @@ HeadlessSurface::HeadlessSurface(HeadlessPlatform& platform, FormExtender& exten
     : platform_(platform),
       extender_(extender),
       back_color_(0x8000000F),
-      elements_(std::make_shared<ElementList>()) {
+      elements_(std::make_shared<MouseDispatcher>(MouseDispatcher::SurfaceEvents{
+          &click_, &dbl_click_, &mouse_down_, &mouse_move_, &mouse_up_})) {
   const double tpp_x = platform_.Screen().TwipsPerPixelX();
   const double tpp_y = platform_.Screen().TwipsPerPixelY();
   window_ = platform_.Windows().CreateWindow(
@@ -138,43 +115,7 @@ void HeadlessSurface::FollowExtender(std::u16string_view property) {
 }
 
 void HeadlessSurface::Deliver(MouseAction action, int16_t button, int16_t shift, float x, float y) {
-  if (!enabled_) return;
-  IElement* element = pressed_ ? pressed_element_ : elements_->TopmostAt(x, y);
-  if (pressed_ && pressed_element_ != nullptr && !elements_->Contains(pressed_element_)) {
-    element = nullptr;  // the element that held the mouse is gone
-  }
-  const float element_x = element ? x - static_cast<float>(element->Left()) : x;
-  const float element_y = element ? y - static_cast<float>(element->Top()) : y;
-  switch (action) {
-    case MouseAction::kDown:
-      pressed_ = true;
-      click_pending_ = true;
-      pressed_element_ = element;
-      (element ? element->MouseDown() : mouse_down_).Emit(button, shift, element_x, element_y);
-      break;
-    case MouseAction::kDoubleDown:
-      pressed_ = true;
-      click_pending_ = false;  // the release that ends a double click clicks nothing
-      pressed_element_ = element;
-      (element ? element->DblClick() : dbl_click_).Emit();
-      break;
-    case MouseAction::kMove:
-      (element ? element->MouseMove() : mouse_move_).Emit(button, shift, element_x, element_y);
-      break;
-    case MouseAction::kUp: {
-      const bool was_pressed = pressed_ && click_pending_;
-      pressed_ = false;
-      click_pending_ = false;
-      pressed_element_ = nullptr;
-      (element ? element->MouseUp() : mouse_up_).Emit(button, shift, element_x, element_y);
-      // A release over the element that was pressed clicks it.
-      const bool inside = element ? (element_x >= 0 && element_y >= 0 &&
-                                     element_x < element->Width() && element_y < element->Height())
-                                  : elements_->TopmostAt(x, y) == nullptr;
-      if (was_pressed && inside) (element ? element->Click() : click_).Emit();
-      break;
-    }
-  }
+  if (enabled_) elements_->Deliver(action, button, shift, x, y);
 }
 
 }  // namespace zk

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/form_extender.h"
+#include "platform/mouse_dispatcher.h"
 #include "platform/surface.h"
 
 namespace zk {
@@ -63,8 +64,6 @@ class HeadlessSurface final : public ISurface {
   int RefreshCount() const { return refresh_count_; }
   int PopupMenuCount() const { return popup_menu_count_; }
 
-  class ElementList;
-
  private:
   double BorderTwips(double twips_per_pixel) const;
   void FollowExtender(std::u16string_view property);
@@ -79,13 +78,9 @@ class HeadlessSurface final : public ISurface {
   int16_t mouse_pointer_ = 0;
   int refresh_count_ = 0;
   int popup_menu_count_ = 0;
-  // The element (or the surface, as null with pressed_ set) that holds the mouse.
-  IElement* pressed_element_ = nullptr;
-  bool pressed_ = false;
-  bool click_pending_ = false;
   double last_width_ = 0;
   double last_height_ = 0;
-  std::shared_ptr<ElementList> elements_;
+  std::shared_ptr<MouseDispatcher> elements_;
   ScopedConnection extender_connection_;
   Signal<> resized_;
   Signal<> click_;

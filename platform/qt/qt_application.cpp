@@ -1,6 +1,8 @@
 #include "platform/qt/qt_application.h"
 
 #include <QApplication>
+#include <QFile>
+#include <QTemporaryDir>
 #include <cstdlib>
 
 namespace zk {
@@ -15,6 +17,15 @@ QApplication& EnsureQtApplication(bool offscreen) {
   if (auto* existing = qobject_cast<QApplication*>(QCoreApplication::instance())) return *existing;
   if ((offscreen || !QtDisplayAvailable()) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+  }
+  // Qt wants a private runtime directory; a session without one gets a fresh one.
+  if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
+    static QTemporaryDir runtime_dir;
+    if (runtime_dir.isValid()) {
+      QFile::setPermissions(runtime_dir.path(),
+                            QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+      qputenv("XDG_RUNTIME_DIR", runtime_dir.path().toLocal8Bit());
+    }
   }
   // Text sizes are given in points and laid out in twips: a fixed 96 dpi keeps offscreen and
   // on-screen rendering alike.

@@ -5,6 +5,7 @@
 #include <QRect>
 #include <QStringList>
 #include <algorithm>
+#include <cmath>
 
 #include "foundation/dispatch_object.h"
 #include "platform/qt/qt_text.h"
@@ -66,18 +67,66 @@ QFont QtFontCatalogue::ToQFont(const FontDescription& description) const {
   font.setItalic(description.italic);
   font.setUnderline(description.underline);
   font.setStrikeOut(description.strikethrough);
+  font.setKerning(false);
+  font.setStyleStrategy(QFont::PreferNoShaping);
   return font;
+}
+
+const QFontMetrics& QtFontCatalogue::MetricsOf(const FontDescription& font) const {
+  if (!cached_metrics_ || !(cached_description_ == font)) {
+    const QFont qfont = ToQFont(font);
+    cached_metrics_.emplace(qfont);
+    cached_metrics_f_.emplace(qfont);
+    advances_.fill(-1);
+    cached_description_ = font;
+  }
+  return *cached_metrics_;
 }
 
 TextExtent QtFontCatalogue::MeasureText(const FontDescription& font, std::u16string_view text,
                                         int32_t wrap_width) const {
-  const QFontMetrics metrics(ToQFont(font));
+  constexpr size_t kRecent = 64;
+  for (const Measurement& measured : recent_) {
+    if (measured.wrap_width == wrap_width && measured.text == text && measured.font == font) {
+      return measured.extent;
+    }
+  }
+  const TextExtent extent = Measure(font, text, wrap_width);
+  Measurement entry{font, std::u16string(text), wrap_width, extent};
+  if (recent_.size() < kRecent) {
+    recent_.push_back(std::move(entry));
+  } else {
+    recent_[next_slot_] = std::move(entry);
+    next_slot_ = (next_slot_ + 1) % kRecent;
+  }
+  return extent;
+}
+
+TextExtent QtFontCatalogue::Measure(const FontDescription& font, std::u16string_view text,
+                                    int32_t wrap_width) const {
+  const QFontMetrics& metrics = MetricsOf(font);
   const QString lines = LinesOf(text);
   if (lines.isEmpty()) return {0, metrics.height()};
   if (wrap_width > 0) {
     const QRect bounds = metrics.boundingRect(
         QRect(0, 0, wrap_width, 1 << 24), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, lines);
     return {bounds.width(), bounds.height()};
+  }
+  if (!lines.contains(QChar(u'\n'))) {
+    // One line of Latin text: the sum of its characters' advances, as it is drawn unshaped.
+    qreal width = 0;
+    bool simple = true;
+    for (QChar c : lines) {
+      const char16_t unit = c.unicode();
+      if (unit < 0x20 || unit >= advances_.size()) {
+        simple = false;
+        break;
+      }
+      if (advances_[unit] < 0) advances_[unit] = cached_metrics_f_->horizontalAdvance(c);
+      width += advances_[unit];
+    }
+    if (simple) return {static_cast<int32_t>(std::ceil(width - 1e-6)), metrics.height()};
+    return {metrics.horizontalAdvance(lines), metrics.height()};
   }
   const QSize size = metrics.size(0, lines);
   return {size.width(), size.height()};

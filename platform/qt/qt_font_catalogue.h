@@ -1,6 +1,9 @@
 #pragma once
 
 #include <QFont>
+#include <QFontMetrics>
+#include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,15 +25,35 @@ class QtFontCatalogue final : public IFontCatalogue {
   TextExtent MeasureText(const FontDescription& font, std::u16string_view text,
                          int32_t wrap_width) const override;
 
-  // The QFont that draws the description.
+  // The QFont that draws the description. Simple scripts are drawn without shaping (no
+  // kerning, no ligatures), so that a line is exactly as wide as its characters' advances.
   QFont ToQFont(const FontDescription& font) const;
 
  private:
+  // Layouts measure the same font over and over: the last one's metrics are kept.
+  const QFontMetrics& MetricsOf(const FontDescription& font) const;
+  TextExtent Measure(const FontDescription& font, std::u16string_view text,
+                     int32_t wrap_width) const;
+
   struct Alias {
     std::u16string name;
     QString family;
   };
   std::vector<Alias> aliases_;
+  mutable FontDescription cached_description_;
+  mutable std::optional<QFontMetrics> cached_metrics_;
+  mutable std::optional<QFontMetricsF> cached_metrics_f_;
+  // Advances of the Latin characters in the cached font, filled as they are asked for.
+  mutable std::array<qreal, 0x250> advances_{};
+  // Recent measurements: forms repeat the same captions in the same fonts.
+  struct Measurement {
+    FontDescription font;
+    std::u16string text;
+    int32_t wrap_width;
+    TextExtent extent;
+  };
+  mutable std::vector<Measurement> recent_;
+  mutable size_t next_slot_ = 0;
 };
 
 }  // namespace zk

@@ -1,19 +1,16 @@
 #pragma once
 
-#include <QPointer>
-#include <QWidget>
 #include <string>
 
 #include "platform/elements.h"
+#include "platform/qt/qt_surface.h"
 
 namespace zk {
 
-class QtSurface;
-
-// A label element on the Qt platform: a child widget of the control that paints its caption
-// (with the access key underlined when UseMnemonic is on) and sizes itself to its text by the
-// font catalogue's measurement. While disabled it lets the mouse through to the control.
-class QtLabel final : public ILabelElement {
+// A label element on the Qt platform: a windowless element that the control's surface paints
+// (the caption, with the access key underlined when UseMnemonic is on), sized to its text by the
+// font catalogue's measurement. While disabled it leaves the mouse to the control.
+class QtLabel final : public ILabelElement, public QtPaintedElement {
  public:
   QtLabel(QtSurface& surface, FontDescription font);
   ~QtLabel() override;
@@ -56,15 +53,12 @@ class QtLabel final : public ILabelElement {
   bool AutoSize() const override { return auto_size_; }
   void SetAutoSize(bool auto_size) override;
 
+  void Paint(QPainter& painter, const QRectF& area) const override;
+
  private:
-  class LabelWidget;
-  friend class LabelWidget;
   void FitToText();
-  void Place();
 
   QtSurface& surface_;
-  QPointer<QWidget> widget_;
-  ScopedConnection placement_connection_;
   double left_ = 0;
   double top_ = 0;
   double width_ = 0;
@@ -81,6 +75,14 @@ class QtLabel final : public ILabelElement {
   bool word_wrap_ = false;
   bool use_mnemonic_ = true;
   bool auto_size_ = false;
+  // The last measurement: layouts ask for the same text again and again.
+  struct Measured {
+    std::u16string text;
+    FontDescription font;
+    int32_t wrap_width = -1;
+    TextExtent extent;
+  };
+  Measured measured_;
   Signal<> click_;
   Signal<> dbl_click_;
   MouseSignal mouse_down_;

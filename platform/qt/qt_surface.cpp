@@ -1,14 +1,16 @@
 #include "platform/qt/qt_surface.h"
 
 #include <QFocusEvent>
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 #include <cmath>
 
 #include "platform/qt/qt_colors.h"
 #include "platform/qt/qt_input.h"
 #include "platform/qt/qt_label.h"
-#include "platform/qt/qt_mouse_reporter.h"
 #include "platform/qt/qt_platform.h"
+#include "platform/qt/qt_text.h"
 
 namespace zk {
 namespace {
@@ -21,17 +23,7 @@ int Pixels(double twips, double twips_per_pixel) {
 
 class QtSurface::ControlWidget final : public QWidget {
  public:
-  ControlWidget(QtSurface& surface, QWidget* parent)
-      : QWidget(parent),
-        surface_(surface),
-        mouse_({&surface.click_, &surface.dbl_click_, &surface.mouse_down_, &surface.mouse_move_,
-                &surface.mouse_up_},
-               [this](QPointF point) {
-                 const int border = surface_.BorderPixels();
-                 return std::pair<float, float>(
-                     static_cast<float>(surface_.XToTwips(point.x() - border)),
-                     static_cast<float>(surface_.YToTwips(point.y() - border)));
-               }) {
+  ControlWidget(QtSurface& surface, QWidget* parent) : QWidget(parent), surface_(surface) {
     setMouseTracking(true);
   }
 
@@ -40,7 +32,17 @@ class QtSurface::ControlWidget final : public QWidget {
     QPainter painter(this);
     const QPalette& colors = palette();
     painter.fillRect(rect(), ToQColor(surface_.back_color_, colors));
-    if (surface_.border_style_ == 0) return;
+    for (const auto& [element, painted] : surface_.painted_) {
+      if (!element->Visible()) continue;
+      const QRectF area = surface_.PixelArea(*element);
+      painter.save();
+      painter.setClipRect(area);
+      painted->Paint(painter, area);
+      painter.restore();
+    }
+    if (surface_.border_style_ != 0) PaintBorder(painter, colors);
+  }
+  void PaintBorder(QPainter& painter, const QPalette& colors) {
     const QRect outer = rect().adjusted(0, 0, -1, -1);
     if (surface_.appearance_ == 0) {
       painter.setPen(Qt::black);
@@ -60,10 +62,38 @@ class QtSurface::ControlWidget final : public QWidget {
     edge(outer.adjusted(1, 1, -1, -1), colors.color(QPalette::Shadow),
          colors.color(QPalette::Midlight));
   }
-  void mousePressEvent(QMouseEvent* event) override { mouse_.Press(event, rect()); }
-  void mouseDoubleClickEvent(QMouseEvent* event) override { mouse_.DoubleClick(event); }
-  void mouseMoveEvent(QMouseEvent* event) override { mouse_.Move(event); }
-  void mouseReleaseEvent(QMouseEvent* event) override { mouse_.Release(event, rect()); }
+  void Mouse(MouseAction action, QMouseEvent* event) {
+    const int border = surface_.BorderPixels();
+    const Qt::MouseButtons buttons =
+        action == MouseAction::kMove ? event->buttons() : Qt::MouseButtons(event->button());
+    surface_.dispatcher_.Deliver(
+        action, ButtonCode(buttons), ShiftCode(event->modifiers()),
+        static_cast<float>(surface_.XToTwips(event->position().x() - border)),
+        static_cast<float>(surface_.YToTwips(event->position().y() - border)));
+  }
+  void mousePressEvent(QMouseEvent* event) override { Mouse(MouseAction::kDown, event); }
+  void mouseDoubleClickEvent(QMouseEvent* event) override {
+    Mouse(MouseAction::kDoubleDown, event);
+  }
+  void mouseMoveEvent(QMouseEvent* event) override { Mouse(MouseAction::kMove, event); }
+  void mouseReleaseEvent(QMouseEvent* event) override { Mouse(MouseAction::kUp, event); }
+  bool event(QEvent* event) override {
+    if (event->type() == QEvent::ToolTip) {
+      // Windowless elements show their own tooltip over their area.
+      auto* help = static_cast<QHelpEvent*>(event);
+      const int border = surface_.BorderPixels();
+      const IElement* element = surface_.dispatcher_.TopmostAt(
+          surface_.XToTwips(help->pos().x() - border), surface_.YToTwips(help->pos().y() - border));
+      const QString tip = element ? ToQString(element->ToolTipText()) : toolTip();
+      if (tip.isEmpty()) {
+        QToolTip::hideText();
+      } else {
+        QToolTip::showText(help->globalPos(), tip, this);
+      }
+      return true;
+    }
+    return QWidget::event(event);
+  }
   void keyPressEvent(QKeyEvent* event) override {
     int16_t key_code = KeyCodeOf(event->key());
     int16_t shift = ShiftCode(event->modifiers());
@@ -84,11 +114,12 @@ class QtSurface::ControlWidget final : public QWidget {
 
  private:
   QtSurface& surface_;
-  QtMouseReporter mouse_;
 };
 
 QtSurface::QtSurface(QtPlatform& platform, FormExtender& extender, QWidget* form, bool can_focus)
-    : platform_(platform), extender_(extender) {
+    : platform_(platform),
+      extender_(extender),
+      dispatcher_({&click_, &dbl_click_, &mouse_down_, &mouse_move_, &mouse_up_}) {
   auto* widget = new ControlWidget(*this, form);
   widget->setFocusPolicy(can_focus ? Qt::StrongFocus : Qt::NoFocus);
   widget_ = widget;
@@ -96,7 +127,8 @@ QtSurface::QtSurface(QtPlatform& platform, FormExtender& extender, QWidget* form
   last_width_ = extender_.Width();
   last_height_ = extender_.Height();
   FollowExtender(u"Move");
-  widget->show();
+  // Children of a form that is not shown yet appear with it; later ones must be shown.
+  if (form != nullptr && form->isVisible()) widget->show();
   extender_connection_ = extender_.PropertyWritten().Connect(
       [this](std::u16string_view property) { FollowExtender(property); });
 }
@@ -109,9 +141,33 @@ int QtSurface::BorderPixels() const {
   return border_style_ == 0 ? 0 : (appearance_ == 1 ? 2 : 1);
 }
 
-QPoint QtSurface::ToPixels(double x, double y) const {
-  return QPoint(Pixels(x, platform_.Screen().TwipsPerPixelX()) + BorderPixels(),
-                Pixels(y, platform_.Screen().TwipsPerPixelY()) + BorderPixels());
+QPointF QtSurface::ToPixels(double x, double y) const {
+  return QPointF(x / platform_.Screen().TwipsPerPixelX() + BorderPixels(),
+                 y / platform_.Screen().TwipsPerPixelY() + BorderPixels());
+}
+
+QRectF QtSurface::PixelArea(const IElement& element) const {
+  const QPointF origin = ToPixels(element.Left(), element.Top());
+  return QRectF(origin,
+                QSizeF(std::max(0.0, element.Width() / platform_.Screen().TwipsPerPixelX()),
+                       std::max(0.0, element.Height() / platform_.Screen().TwipsPerPixelY())));
+}
+
+void QtSurface::AddPaintedElement(IElement* element, const QtPaintedElement* painted) {
+  dispatcher_.Add(element);
+  painted_.emplace_back(element, painted);
+  Update();
+}
+
+void QtSurface::RemovePaintedElement(IElement* element) {
+  dispatcher_.Remove(element);
+  std::erase_if(painted_, [element](const auto& entry) { return entry.first == element; });
+  Update();
+}
+
+void QtSurface::Update() {
+  // A widget that is not shown yet paints everything when it appears.
+  if (widget_ && widget_->isVisible()) widget_->update();
 }
 
 double QtSurface::XToTwips(double pixels) const {
@@ -136,20 +192,18 @@ void QtSurface::SetSize(double width, double height) {
 
 void QtSurface::SetBackColor(OLE_COLOR color) {
   back_color_ = color;
-  if (widget_) widget_->update();
+  Update();
 }
 
 void QtSurface::SetBorderStyle(int16_t style) {
   border_style_ = style;
-  placement_changed_.Emit();
-  if (widget_) widget_->update();
+  Update();
 }
 
 void QtSurface::SetAppearance(int16_t appearance) {
   appearance_ = appearance;
   back_color_ = appearance == 1 ? 0x8000000F : 0x80000005;
-  placement_changed_.Emit();
-  if (widget_) widget_->update();
+  Update();
 }
 
 bool QtSurface::Enabled() const {

@@ -1,20 +1,35 @@
 #pragma once
 
 #include <QPointer>
+#include <QRectF>
 #include <QWidget>
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include "platform/form_extender.h"
+#include "platform/mouse_dispatcher.h"
 #include "platform/surface.h"
+
+class QPainter;
 
 namespace zk {
 
 class QtPlatform;
 
+// An element that the surface paints itself (a windowless element: label, shape, line, image).
+class QtPaintedElement {
+ public:
+  virtual ~QtPaintedElement() = default;
+  // Paints the element into `area`, pixels of the control's widget.
+  virtual void Paint(QPainter& painter, const QRectF& area) const = 0;
+};
+
 // A control's area on a Qt form: a widget placed by the control's extender that paints the back
-// colour and the border (one pixel, or a two-pixel sunken edge with the 3-D appearance) and
-// reports mouse, keys and focus. Child elements are widgets inside it, placed in twips relative
-// to the inner area.
+// colour, its windowless elements and the border (one pixel, or a two-pixel sunken edge with
+// the 3-D appearance), and reports mouse, keys and focus. Windowless elements are painted by the
+// surface and get their mouse events from it, as a container does for its light-weight
+// controls; elements with a window of their own (text boxes, lists) are child widgets.
 class QtSurface final : public ISurface {
  public:
   QtSurface(QtPlatform& platform, FormExtender& extender, QWidget* form, bool can_focus);
@@ -25,7 +40,7 @@ class QtSurface final : public ISurface {
   // The inner area's origin inside the widget, in pixels (the border's width).
   int BorderPixels() const;
   // Converts between twips of the inner area and pixels of the widget.
-  QPoint ToPixels(double x, double y) const;
+  QPointF ToPixels(double x, double y) const;
   double XToTwips(double pixels) const;
   double YToTwips(double pixels) const;
 
@@ -65,8 +80,13 @@ class QtSurface final : public ISurface {
   Signal<>& GotFocus() override { return got_focus_; }
   Signal<>& LostFocus() override { return lost_focus_; }
 
-  // Raised when the element widgets must be placed again (the border changed).
-  Signal<>& PlacementChanged() { return placement_changed_; }
+  // Windowless elements register while they live; the last one added is on top.
+  void AddPaintedElement(IElement* element, const QtPaintedElement* painted);
+  void RemovePaintedElement(IElement* element);
+  // The place of an element in the widget's pixels.
+  QRectF PixelArea(const IElement& element) const;
+  // Repaints the widget (after an element changed).
+  void Update();
 
  private:
   class ControlWidget;
@@ -95,7 +115,8 @@ class QtSurface final : public ISurface {
   Signal<int16_t&, int16_t&> key_up_;
   Signal<> got_focus_;
   Signal<> lost_focus_;
-  Signal<> placement_changed_;
+  MouseDispatcher dispatcher_;
+  std::vector<std::pair<IElement*, const QtPaintedElement*>> painted_;
 };
 
 }  // namespace zk

@@ -40,6 +40,7 @@ QtWindowSystem::QtWindowSystem() {
 
 QtWindowSystem::~QtWindowSystem() {
   for (auto& [handle, window] : windows_) {
+    QObject::disconnect(window.destroyed);
     if (window.widget && window.router) window.widget->removeEventFilter(window.router.get());
   }
 }
@@ -54,7 +55,9 @@ WindowHandle QtWindowSystem::Register(QWidget* widget, std::u16string class_name
   window.procedure = class_procedure_;
   window.router = std::make_unique<MessageRouter>(*this, handle);
   widget->installEventFilter(window.router.get());
-  QObject::connect(widget, &QObject::destroyed, window.router.get(), [this, handle] {
+  // No context object: the router goes inside this very call. The window system ends the
+  // connection itself if it goes first.
+  window.destroyed = QObject::connect(widget, &QObject::destroyed, [this, handle] {
     SendMessage(handle, window_message::kDestroy, 0, 0);
     SendMessage(handle, window_message::kNcDestroy, 0, 0);
     Forget(handle);
@@ -66,8 +69,6 @@ WindowHandle QtWindowSystem::Register(QWidget* widget, std::u16string class_name
 void QtWindowSystem::Forget(WindowHandle window) {
   auto found = windows_.find(window);
   if (found == windows_.end()) return;
-  // The router may be the sender of the signal that brought us here: delete it later.
-  found->second.router.release()->deleteLater();
   windows_.erase(found);
 }
 

@@ -48,6 +48,7 @@ class QtWindowSystem final : public IWindowSystem {
     int32_t style = 0;
     int32_t procedure = 0;
     std::unique_ptr<MessageRouter> router;
+    QMetaObject::Connection destroyed;
   };
 
   int32_t ClassProcedure(WindowHandle window, uint32_t message, int32_t wparam, int32_t lparam);

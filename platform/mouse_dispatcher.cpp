@@ -1,0 +1,60 @@
+#include "platform/mouse_dispatcher.h"
+
+#include <algorithm>
+
+namespace zk {
+namespace {
+
+bool Inside(const IElement& element, double x, double y) {
+  return x >= element.Left() && y >= element.Top() && x < element.Left() + element.Width() &&
+         y < element.Top() + element.Height();
+}
+
+}  // namespace
+
+void MouseDispatcher::Remove(IElement* element) {
+  std::erase(elements_, element);
+  if (pressed_element_ == element) pressed_element_ = nullptr;
+}
+
+IElement* MouseDispatcher::TopmostAt(double x, double y) const {
+  for (auto it = elements_.rbegin(); it != elements_.rend(); ++it) {
+    if ((*it)->Visible() && (*it)->Enabled() && Inside(**it, x, y)) return *it;
+  }
+  return nullptr;
+}
+
+void MouseDispatcher::Deliver(MouseAction action, int16_t button, int16_t shift, float x, float y) {
+  IElement* element = pressed_ ? pressed_element_ : TopmostAt(x, y);
+  const float element_x = element ? x - static_cast<float>(element->Left()) : x;
+  const float element_y = element ? y - static_cast<float>(element->Top()) : y;
+  switch (action) {
+    case MouseAction::kDown:
+      pressed_ = true;
+      click_pending_ = true;
+      pressed_element_ = element;
+      (element ? element->MouseDown() : *surface_.down).Emit(button, shift, element_x, element_y);
+      break;
+    case MouseAction::kDoubleDown:
+      pressed_ = true;
+      click_pending_ = false;  // the release that ends a double click clicks nothing
+      pressed_element_ = element;
+      (element ? element->DblClick() : *surface_.dbl_click).Emit();
+      break;
+    case MouseAction::kMove:
+      (element ? element->MouseMove() : *surface_.move).Emit(button, shift, element_x, element_y);
+      break;
+    case MouseAction::kUp: {
+      const bool clicks = pressed_ && click_pending_;
+      pressed_ = false;
+      click_pending_ = false;
+      pressed_element_ = nullptr;
+      (element ? element->MouseUp() : *surface_.up).Emit(button, shift, element_x, element_y);
+      const bool over = element ? Inside(*element, x, y) : TopmostAt(x, y) == nullptr;
+      if (clicks && over) (element ? element->Click() : *surface_.click).Emit();
+      break;
+    }
+  }
+}
+
+}  // namespace zk
