@@ -85,7 +85,7 @@ const QFontMetrics& QtFontCatalogue::MetricsOf(const FontDescription& font) cons
 
 TextExtent QtFontCatalogue::MeasureText(const FontDescription& font, std::u16string_view text,
                                         int32_t wrap_width) const {
-  constexpr size_t kRecent = 64;
+  constexpr size_t kRecent = 8;
   for (const Measurement& measured : recent_) {
     if (measured.wrap_width == wrap_width && measured.text == text && measured.font == font) {
       return measured.extent;
