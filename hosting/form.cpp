@@ -132,6 +132,8 @@ ZKControl& Form::AddControl(std::u16string_view kind_name, std::u16string_view n
   if (FindPlaced(name) != nullptr) Refuse(u"A control named " + std::u16string(name) + u" exists");
   Placed& placed = Place(*kind, name, nullptr);
   placed.control->InitProperties();
+  // A running form shows what it places.
+  placed.site->Surface().Shown().Emit(placed.site->Extender().GetProperty(u"Visible").ToBool());
   return *placed.control;
 }
 
@@ -177,6 +179,7 @@ void Form::LoadText(std::string_view text) {
     Placed& placed = Place(*FindControlKind(entry.kind), entry.name, &entry.extender);
     try {
       placed.control->ReadProperties(entry.properties);
+      placed.site->Surface().Shown().Emit(placed.site->Extender().GetProperty(u"Visible").ToBool());
     } catch (...) {
       MDebugUtils::TraceError(entry.name, u"ReadProperties");
     }
@@ -245,6 +248,25 @@ std::vector<Form::Placed*> Form::TabOrder() {
            b->site->Extender().GetProperty(u"TabIndex").ToInt32();
   });
   return order;
+}
+
+bool Form::DeliverAccessKey(const KeyStroke& stroke) {
+  if ((stroke.key_code != 13 && stroke.key_code != 27) || stroke.shift != 0) return false;
+  const std::u16string_view flag = stroke.key_code == 13 ? u"Default" : u"Cancel";
+  for (Placed& placed : placed_) {
+    if (!placed.kind->default_and_cancel || !placed.control->Enabled()) continue;
+    bool flagged = false;
+    try {
+      flagged = placed.site->Extender().GetProperty(flag).ToBool();
+    } catch (const ZKError&) {
+      continue;
+    }
+    if (flagged) {
+      placed.site->Surface().AccessKeyPress().Emit(stroke.key_code);
+      return true;
+    }
+  }
+  return false;
 }
 
 Form::Placed* Form::NextInTabOrder(const ZKControl* current, bool backwards) {

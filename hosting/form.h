@@ -9,6 +9,7 @@
 #include "controls/control_kinds.h"
 #include "framework/control.h"
 #include "hosting/form_file.h"
+#include "hosting/send_keys.h"
 #include "platform/elements.h"
 #include "platform/form_ambient.h"
 #include "platform/platform_recorder.h"
@@ -88,6 +89,9 @@ class Form {
   // focus and with TabStop set.
   std::vector<Placed*> TabOrder();
   bool CanFocus(Placed& placed);
+  // Enter goes to the form's default control and Escape to its cancel control, as access keys;
+  // true when such a control took the key.
+  bool DeliverAccessKey(const KeyStroke& stroke);
   // The next control in tab order after `current` (or before it), wrapping around.
   Placed* NextInTabOrder(const ZKControl* current, bool backwards);
   Placed* FindPlaced(std::u16string_view name);

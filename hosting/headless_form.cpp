@@ -82,6 +82,7 @@ void HeadlessForm::TypeKeys(std::u16string_view keys) {
         SetFocusTo(next);
       continue;
     }
+    if (DeliverAccessKey(stroke)) continue;
     ZKControl* focused = FocusedControl();
     HeadlessControlSite* site = focused ? FindSite(focused->Name()) : nullptr;
     if (site == nullptr) continue;  // nothing has the focus: the keys go nowhere

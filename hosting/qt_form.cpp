@@ -141,6 +141,7 @@ void QtForm::TypeKeys(std::u16string_view keys) {
       }
       continue;
     }
+    if (DeliverAccessKey(stroke)) continue;
     QWidget* focus = QApplication::focusWidget();
     if (focus == nullptr) continue;  // nothing has the focus: the keys go nowhere
     const QString text =

@@ -6,6 +6,7 @@
 
 #include "foundation/signal.h"
 #include "platform/font_catalogue.h"
+#include "platform/picture.h"
 #include "platform/types.h"
 
 namespace zk {
@@ -43,6 +44,9 @@ class IElement {
   virtual void SetToolTipText(std::u16string_view text) = 0;
   // Repaints the element now.
   virtual void Refresh() = 0;
+  // Whether the element gets mouse input; elements that only draw (shapes, lines) let it
+  // through to what lies below.
+  virtual bool TakesMouse() const { return true; }
 
   virtual Signal<>& Click() = 0;
   virtual Signal<>& DblClick() = 0;
@@ -77,6 +81,64 @@ class ILabelElement : public IElement {
   virtual void SetUseMnemonic(bool use_mnemonic) = 0;
   virtual bool AutoSize() const = 0;
   virtual void SetAutoSize(bool auto_size) = 0;
+};
+
+// The border line styles of shapes and lines.
+namespace line_style {
+inline constexpr int16_t kTransparent = 0;
+inline constexpr int16_t kSolid = 1;
+inline constexpr int16_t kDash = 2;
+inline constexpr int16_t kDot = 3;
+inline constexpr int16_t kInsideSolid = 6;
+}  // namespace line_style
+
+// A filled outline shape (shape_code: rectangle, square, oval, circle, rounded rectangle,
+// rounded square); squares and circles take the smaller side and sit centred. The border is
+// BorderWidth pixels wide; "inside solid" keeps it within the element's bounds. A shape takes no
+// mouse input.
+class IShapeElement : public IElement {
+ public:
+  virtual int16_t Shape() const = 0;
+  virtual void SetShape(int16_t shape) = 0;
+  virtual OLE_COLOR FillColor() const = 0;
+  virtual void SetFillColor(OLE_COLOR color) = 0;
+  // 0 solid fill, 1 transparent (no fill).
+  virtual int16_t FillStyle() const = 0;
+  virtual void SetFillStyle(int16_t style) = 0;
+  virtual OLE_COLOR BorderColor() const = 0;
+  virtual void SetBorderColor(OLE_COLOR color) = 0;
+  virtual int16_t BorderWidth() const = 0;
+  virtual void SetBorderWidth(int16_t width) = 0;
+  // line_style constants.
+  virtual int16_t BorderStyle() const = 0;
+  virtual void SetBorderStyle(int16_t style) = 0;
+  bool TakesMouse() const override { return false; }
+};
+
+// A straight line from (X1, Y1) to (X2, Y2), twips; its place is the box around its ends.
+class ILineElement : public IElement {
+ public:
+  virtual double X1() const = 0;
+  virtual double Y1() const = 0;
+  virtual double X2() const = 0;
+  virtual double Y2() const = 0;
+  virtual void SetPoints(double x1, double y1, double x2, double y2) = 0;
+  virtual OLE_COLOR BorderColor() const = 0;
+  virtual void SetBorderColor(OLE_COLOR color) = 0;
+  virtual int16_t BorderWidth() const = 0;
+  virtual void SetBorderWidth(int16_t width) = 0;
+  virtual int16_t BorderStyle() const = 0;
+  virtual void SetBorderStyle(int16_t style) = 0;
+  bool TakesMouse() const override { return false; }
+};
+
+// A picture holder without a frame. Unless it stretches, it takes the size of its picture.
+class IImageElement : public IElement {
+ public:
+  virtual PictureRef Picture() const = 0;
+  virtual void SetPicture(PictureRef picture) = 0;
+  virtual bool Stretch() const = 0;
+  virtual void SetStretch(bool stretch) = 0;
 };
 
 }  // namespace zk

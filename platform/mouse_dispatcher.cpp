@@ -19,7 +19,9 @@ void MouseDispatcher::Remove(IElement* element) {
 
 IElement* MouseDispatcher::TopmostAt(double x, double y) const {
   for (auto it = elements_.rbegin(); it != elements_.rend(); ++it) {
-    if ((*it)->Visible() && (*it)->Enabled() && Inside(**it, x, y)) return *it;
+    if ((*it)->Visible() && (*it)->Enabled() && (*it)->TakesMouse() && Inside(**it, x, y)) {
+      return *it;
+    }
   }
   return nullptr;
 }

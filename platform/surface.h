@@ -49,7 +49,15 @@ class ISurface {
   virtual void PopupMenu(const Variant& menu, const Variant& flags, const Variant& x,
                          const Variant& y, const Variant& default_menu) = 0;
 
+  // The colour that drawn pictures treat as transparent.
+  virtual OLE_COLOR MaskColor() const = 0;
+  virtual void SetMaskColor(OLE_COLOR color) = 0;
+
+  // Child elements, drawn in creation order (the last one on top).
   virtual std::unique_ptr<ILabelElement> CreateLabel() = 0;
+  virtual std::unique_ptr<IShapeElement> CreateShape() = 0;
+  virtual std::unique_ptr<ILineElement> CreateLine() = 0;
+  virtual std::unique_ptr<IImageElement> CreateImage() = 0;
 
   // Raised after the size changed (by the host or by SetSize).
   virtual Signal<>& Resized() = 0;
@@ -66,6 +74,11 @@ class ISurface {
   virtual Signal<int16_t&, int16_t&>& KeyUp() = 0;
   virtual Signal<>& GotFocus() = 0;
   virtual Signal<>& LostFocus() = 0;
+  // An access key that the host delivers to the control: Enter (13) to the form's default
+  // control and Escape (27) to its cancel control.
+  virtual Signal<int16_t>& AccessKeyPress() = 0;
+  // The host shows or hides the control.
+  virtual Signal<bool>& Shown() = 0;
 };
 
 }  // namespace zk

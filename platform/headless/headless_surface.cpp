@@ -4,8 +4,11 @@
 #include <cmath>
 #include <utility>
 
+#include "platform/headless/headless_image.h"
 #include "platform/headless/headless_label.h"
+#include "platform/headless/headless_line.h"
 #include "platform/headless/headless_platform.h"
+#include "platform/headless/headless_shape.h"
 
 namespace zk {
 
@@ -94,6 +97,18 @@ std::unique_ptr<ILabelElement> HeadlessSurface::CreateLabel() {
   auto& catalogue = *platform_.FontCatalogue();
   return std::make_unique<Registered<HeadlessLabel>>(elements_, catalogue, platform_.Screen(),
                                                      catalogue.DefaultFont());
+}
+
+std::unique_ptr<IShapeElement> HeadlessSurface::CreateShape() {
+  return std::make_unique<Registered<HeadlessShape>>(elements_);
+}
+
+std::unique_ptr<ILineElement> HeadlessSurface::CreateLine() {
+  return std::make_unique<Registered<HeadlessLine>>(elements_);
+}
+
+std::unique_ptr<IImageElement> HeadlessSurface::CreateImage() {
+  return std::make_unique<Registered<HeadlessImage>>(elements_, platform_.Screen());
 }
 
 void HeadlessSurface::FollowExtender(std::u16string_view property) {

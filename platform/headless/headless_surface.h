@@ -43,7 +43,13 @@ class HeadlessSurface final : public ISurface {
   void PopupMenu(const Variant& menu, const Variant& flags, const Variant& x, const Variant& y,
                  const Variant& default_menu) override;
 
+  OLE_COLOR MaskColor() const override { return mask_color_; }
+  void SetMaskColor(OLE_COLOR color) override { mask_color_ = color; }
+
   std::unique_ptr<ILabelElement> CreateLabel() override;
+  std::unique_ptr<IShapeElement> CreateShape() override;
+  std::unique_ptr<ILineElement> CreateLine() override;
+  std::unique_ptr<IImageElement> CreateImage() override;
 
   Signal<>& Resized() override { return resized_; }
   Signal<>& Click() override { return click_; }
@@ -56,6 +62,10 @@ class HeadlessSurface final : public ISurface {
   Signal<int16_t&, int16_t&>& KeyUp() override { return key_up_; }
   Signal<>& GotFocus() override { return got_focus_; }
   Signal<>& LostFocus() override { return lost_focus_; }
+  Signal<int16_t>& AccessKeyPress() override { return access_key_press_; }
+  Signal<bool>& Shown() override { return shown_; }
+  // The elements in drawing order (the last one on top).
+  const std::vector<IElement*>& Elements() const { return elements_->Elements(); }
 
   // Delivers one mouse action at (x, y), twips in the control's inner coordinates. While a
   // button is held, the element it was pressed on keeps the mouse (as a captured window does).
@@ -93,6 +103,9 @@ class HeadlessSurface final : public ISurface {
   Signal<int16_t&, int16_t&> key_up_;
   Signal<> got_focus_;
   Signal<> lost_focus_;
+  Signal<int16_t> access_key_press_;
+  Signal<bool> shown_;
+  OLE_COLOR mask_color_ = 0x80000008;
 };
 
 }  // namespace zk

@@ -23,6 +23,7 @@ QtLabel::~QtLabel() {
 
 void QtLabel::Paint(QPainter& painter, const QRectF& area) const {
   const QPalette& colors = surface_.Widget()->palette();
+  painter.setClipRect(area, Qt::IntersectClip);
   if (back_style_ != 0) painter.fillRect(area, ToQColor(back_color_, colors));
   painter.setFont(surface_.Platform().Fonts().ToQFont(font_));
   painter.setPen(enabled_ ? ToQColor(fore_color_, colors)

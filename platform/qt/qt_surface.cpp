@@ -7,9 +7,12 @@
 #include <cmath>
 
 #include "platform/qt/qt_colors.h"
+#include "platform/qt/qt_image.h"
 #include "platform/qt/qt_input.h"
 #include "platform/qt/qt_label.h"
+#include "platform/qt/qt_line.h"
 #include "platform/qt/qt_platform.h"
+#include "platform/qt/qt_shape.h"
 #include "platform/qt/qt_text.h"
 
 namespace zk {
@@ -36,7 +39,6 @@ class QtSurface::ControlWidget final : public QWidget {
       if (!element->Visible()) continue;
       const QRectF area = surface_.PixelArea(*element);
       painter.save();
-      painter.setClipRect(area);
       painted->Paint(painter, area);
       painter.restore();
     }
@@ -232,10 +234,23 @@ std::unique_ptr<ILabelElement> QtSurface::CreateLabel() {
   return std::make_unique<QtLabel>(*this, platform_.Fonts().DefaultFont());
 }
 
+std::unique_ptr<IShapeElement> QtSurface::CreateShape() {
+  return std::make_unique<QtShape>(*this);
+}
+
+std::unique_ptr<ILineElement> QtSurface::CreateLine() {
+  return std::make_unique<QtLine>(*this);
+}
+
+std::unique_ptr<IImageElement> QtSurface::CreateImage() {
+  return std::make_unique<QtImage>(*this);
+}
+
 void QtSurface::FollowExtender(std::u16string_view property) {
   if (widget_ == nullptr) return;
   if (property == u"Visible") {
     widget_->setVisible(extender_.Visible());
+    shown_.Emit(extender_.Visible());
     return;
   }
   if (property != u"Move" && property != u"Top" && property != u"Left" && property != u"Width" &&

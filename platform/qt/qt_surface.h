@@ -66,7 +66,13 @@ class QtSurface final : public ISurface {
   void PopupMenu(const Variant& menu, const Variant& flags, const Variant& x, const Variant& y,
                  const Variant& default_menu) override;
 
+  OLE_COLOR MaskColor() const override { return mask_color_; }
+  void SetMaskColor(OLE_COLOR color) override { mask_color_ = color; }
+
   std::unique_ptr<ILabelElement> CreateLabel() override;
+  std::unique_ptr<IShapeElement> CreateShape() override;
+  std::unique_ptr<ILineElement> CreateLine() override;
+  std::unique_ptr<IImageElement> CreateImage() override;
 
   Signal<>& Resized() override { return resized_; }
   Signal<>& Click() override { return click_; }
@@ -79,6 +85,8 @@ class QtSurface final : public ISurface {
   Signal<int16_t&, int16_t&>& KeyUp() override { return key_up_; }
   Signal<>& GotFocus() override { return got_focus_; }
   Signal<>& LostFocus() override { return lost_focus_; }
+  Signal<int16_t>& AccessKeyPress() override { return access_key_press_; }
+  Signal<bool>& Shown() override { return shown_; }
 
   // Windowless elements register while they live; the last one added is on top.
   void AddPaintedElement(IElement* element, const QtPaintedElement* painted);
@@ -115,6 +123,9 @@ class QtSurface final : public ISurface {
   Signal<int16_t&, int16_t&> key_up_;
   Signal<> got_focus_;
   Signal<> lost_focus_;
+  Signal<int16_t> access_key_press_;
+  Signal<bool> shown_;
+  OLE_COLOR mask_color_ = 0x80000008;
   MouseDispatcher dispatcher_;
   std::vector<std::pair<IElement*, const QtPaintedElement*>> painted_;
 };
