@@ -1,4 +1,5 @@
 #include "apps/gallery.h"
+#include "apps/gallery_sections.h"
 
 #include <QApplication>
 #include <QDir>
@@ -140,8 +141,10 @@ int RunGallery(const GalleryOptions& options) {
   QtForm form(platform);
   QWidget* window = form.Widget();
   window->setWindowTitle(QStringLiteral("ZKBaseGUIControls gallery"));
-  window->resize(560, 330);
+  window->resize(900, 520);
   BuildLabels(form);
+  BuildButtonGallery(form, 240, 4350, 7800, 2700);
+  BuildLampGallery(form, 8250, 900, 5000, 3300);
 
   const QString archive = options.archive_file.empty()
                               ? DefaultArchiveFile()
@@ -150,9 +153,9 @@ int RunGallery(const GalleryOptions& options) {
       new QLabel(QStringLiteral("Save and Restore: every control's archive string"), window);
   auto* save = new QPushButton(QStringLiteral("Save"), window);
   auto* restore = new QPushButton(QStringLiteral("Restore"), window);
-  status->setGeometry(16, 290, 360, 24);
-  save->setGeometry(390, 288, 75, 26);
-  restore->setGeometry(472, 288, 75, 26);
+  status->setGeometry(16, 482, 560, 24);
+  save->setGeometry(726, 480, 75, 26);
+  restore->setGeometry(808, 480, 75, 26);
   QObject::connect(save, &QPushButton::clicked, [&form, archive, status] {
     status->setText(SaveArchives(form, archive) ? QStringLiteral("Saved to ") + archive
                                                 : QStringLiteral("Cannot write ") + archive);
