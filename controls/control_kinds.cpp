@@ -3,6 +3,7 @@
 #include <array>
 
 #include "controls/display/label.h"
+#include "controls/display/led.h"
 #include "foundation/dispatch_object.h"
 
 namespace zk {
@@ -15,6 +16,7 @@ std::shared_ptr<ZKControl> Create(IControlSite& site) {
 
 const std::array kKinds = {
     ControlKind{u"ZKLabel", &Create<ZKLabel>, 1935, 375, true, false, false},
+    ControlKind{u"ZKLed", &Create<ZKLed>, 375, 375, false, false, false},
 };
 
 }  // namespace

@@ -97,6 +97,10 @@ Form::Placed& Form::Place(const ControlKind& kind, std::u16string_view name,
                           const MemoryPropertyBag* extender_values) {
   Placed placed{std::u16string(name), &kind, CreateSite(kind, name), nullptr};
   DispatchObject& extender = placed.site->Extender();
+  // Only controls that act as buttons get Default and Cancel from the form.
+  if (auto* form_extender = dynamic_cast<FormExtender*>(&extender)) {
+    form_extender->OfferDefaultAndCancel(kind.default_and_cancel);
+  }
   extender.SetProperty(u"Width", Variant(kind.width));
   extender.SetProperty(u"Height", Variant(kind.height));
   extender.SetProperty(u"TabIndex", Variant(static_cast<int32_t>(placed_.size())));

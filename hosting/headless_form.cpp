@@ -21,11 +21,10 @@ HeadlessForm::~HeadlessForm() {
   platform_.Windows().DestroyWindow(window_);
 }
 
-std::unique_ptr<IControlSite> HeadlessForm::CreateSite(const ControlKind& kind,
+std::unique_ptr<IControlSite> HeadlessForm::CreateSite(const ControlKind& /*kind*/,
                                                        std::u16string_view name) {
   auto site = std::make_unique<HeadlessControlSite>(platform_, AmbientProperties(), window_,
                                                     std::u16string(name));
-  site->Extender().OfferDefaultAndCancel(kind.default_and_cancel);
   return site;
 }
 
