@@ -88,6 +88,7 @@ int Script(const std::vector<std::string_view>& args) {
   int status = 0;
   if (platform_name == "qt") {
     zk::QtPlatform platform;
+    platform.Recorder().keep_property_changes = true;  // "notified" reads them
     zk::PlatformScope scope(platform);
     zk::QtForm form(platform);
     form.Widget()->show();

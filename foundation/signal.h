@@ -9,21 +9,27 @@
 
 namespace zk {
 
-// Ends a signal connection when it is destroyed (or on Disconnect()); move-only.
+// Ends a signal connection when it is destroyed (or on Disconnect()); move-only. It does not
+// keep the signal alive: a connection may outlive its signal.
 class ScopedConnection {
  public:
+  using DisconnectFunction = void (*)(void* state, size_t id);
+
   ScopedConnection() = default;
-  explicit ScopedConnection(std::function<void()> disconnect)
-      : disconnect_(std::move(disconnect)) {}
+  ScopedConnection(std::weak_ptr<void> state, size_t id, DisconnectFunction disconnect)
+      : state_(std::move(state)), id_(id), disconnect_(disconnect) {}
   ScopedConnection(const ScopedConnection&) = delete;
   ScopedConnection& operator=(const ScopedConnection&) = delete;
-  ScopedConnection(ScopedConnection&& other) noexcept : disconnect_(std::move(other.disconnect_)) {
+  ScopedConnection(ScopedConnection&& other) noexcept
+      : state_(std::move(other.state_)), id_(other.id_), disconnect_(other.disconnect_) {
     other.disconnect_ = nullptr;
   }
   ScopedConnection& operator=(ScopedConnection&& other) noexcept {
     if (this != &other) {
       Disconnect();
-      disconnect_ = std::move(other.disconnect_);
+      state_ = std::move(other.state_);
+      id_ = other.id_;
+      disconnect_ = other.disconnect_;
       other.disconnect_ = nullptr;
     }
     return *this;
@@ -31,15 +37,17 @@ class ScopedConnection {
   ~ScopedConnection() { Disconnect(); }
 
   void Disconnect() {
-    if (disconnect_) {
-      auto disconnect = std::move(disconnect_);
-      disconnect_ = nullptr;
-      disconnect();
-    }
+    if (disconnect_ == nullptr) return;
+    const DisconnectFunction disconnect = disconnect_;
+    disconnect_ = nullptr;
+    if (std::shared_ptr<void> state = state_.lock()) disconnect(state.get(), id_);
+    state_.reset();
   }
 
  private:
-  std::function<void()> disconnect_;
+  std::weak_ptr<void> state_;
+  size_t id_ = 0;
+  DisconnectFunction disconnect_ = nullptr;
 };
 
 // A list of handlers called in connection order. Arguments declared as references reach the
@@ -58,28 +66,14 @@ class Signal {
   // Adds a handler; it stays connected until the returned connection ends.
   [[nodiscard]] ScopedConnection Connect(Handler handler) {
     const size_t id = ++state_->next_id;
-    state_->entries.push_back(Slot{id, std::make_shared<Handler>(std::move(handler))});
-    std::weak_ptr<State> weak = state_;
-    return ScopedConnection([weak, id] {
-      if (auto state = weak.lock()) {
-        // Ids grow with every connection, so the entries are sorted by id.
-        auto found =
-            std::lower_bound(state->entries.begin(), state->entries.end(), id,
-                             [](const Slot& slot, size_t wanted) { return slot.id < wanted; });
-        if (found != state->entries.end() && found->id == id && found->handler) {
-          found->handler.reset();
-          ++state->dead;
-        }
-        // Many connections end together (a form closing): compact only now and then.
-        if (state->emitting == 0 && state->dead * 2 > state->entries.size()) state->Compact();
-      }
-    });
+    state_->entries.push_back(std::make_unique<Slot>(Slot{id, true, std::move(handler)}));
+    return ScopedConnection(state_, id, &State::Disconnect);
   }
 
   // Calls every connected handler with the arguments.
   void Emit(Args... args) const {
-    auto state = state_;
-    // Ends the emission also when a handler throws, so that disconnected entries still go.
+    auto state = state_;  // a handler may destroy the signal itself
+    // Ends the emission also when a handler throws, so that disconnected slots still go.
     struct Emission {
       State& state;
       explicit Emission(State& s) : state(s) { ++state.emitting; }
@@ -89,31 +83,46 @@ class Signal {
     } emission(*state);
     const size_t count = state->entries.size();
     for (size_t i = 0; i < count; ++i) {
-      std::shared_ptr<Handler> handler = state->entries[i].handler;
-      if (handler) (*handler)(args...);
+      // Slots live on the heap, so a handler connected meanwhile does not move this one.
+      Slot* slot = state->entries[i].get();
+      if (slot->alive) slot->handler(args...);
     }
   }
 
   bool HasHandlers() const {
-    for (const auto& slot : state_->entries) {
-      if (slot.handler) return true;
-    }
-    return false;
+    return std::any_of(state_->entries.begin(), state_->entries.end(),
+                       [](const auto& slot) { return slot->alive; });
   }
 
  private:
   struct Slot {
     size_t id;
-    std::shared_ptr<Handler> handler;
+    bool alive;
+    Handler handler;
   };
   struct State {
-    std::vector<Slot> entries;
+    std::vector<std::unique_ptr<Slot>> entries;
     size_t next_id = 0;
     size_t dead = 0;
     int emitting = 0;
+
     void Compact() {
-      std::erase_if(entries, [](const Slot& slot) { return !slot.handler; });
+      std::erase_if(entries, [](const auto& slot) { return !slot->alive; });
       dead = 0;
+    }
+
+    static void Disconnect(void* raw, size_t id) {
+      State& state = *static_cast<State*>(raw);
+      // Ids grow with every connection, so the slots are sorted by id.
+      auto found = std::lower_bound(
+          state.entries.begin(), state.entries.end(), id,
+          [](const std::unique_ptr<Slot>& slot, size_t wanted) { return slot->id < wanted; });
+      if (found == state.entries.end() || (*found)->id != id || !(*found)->alive) return;
+      (*found)->alive = false;
+      ++state.dead;
+      // A slot that may be running is only marked; many connections end together (a form
+      // closing), so the list is compacted now and then rather than every time.
+      if (state.emitting == 0 && state.dead * 2 > state.entries.size()) state.Compact();
     }
   };
   std::shared_ptr<State> state_;

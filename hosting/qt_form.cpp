@@ -40,8 +40,10 @@ QtForm::QtForm(QtPlatform& platform) : Form(platform, platform.Recorder()), plat
 }
 
 QtForm::~QtForm() {
-  RemoveAll();
+  // The form's widget goes first and takes the controls' widgets with it, as a closing window
+  // does; the controls then let go of what is left.
   delete widget_.data();
+  RemoveAll();
 }
 
 std::unique_ptr<IControlSite> QtForm::CreateSite(const ControlKind& kind,

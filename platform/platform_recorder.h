@@ -20,6 +20,9 @@ struct PlatformRecorder {
   std::vector<MDebugUtils::TraceRecord> traces;
   std::vector<PropertyChangeRecord> property_changes;
   int beeps = 0;
+  // Whether property-changed notifications are kept: tests and scripts read them, a running
+  // program has no use for them and would only pile them up.
+  bool keep_property_changes = true;
 
   void Clear() {
     traces.clear();

@@ -14,7 +14,10 @@ QtControlSite::QtControlSite(QtPlatform& platform, FormAmbient& ambient, QWidget
       surface_(platform, extender_, form, can_focus) {}
 
 void QtControlSite::PropertyChanged(std::u16string_view property) {
-  platform_.Recorder().property_changes.push_back({extender_.Name(), std::u16string(property)});
+  PlatformRecorder& recorder = platform_.Recorder();
+  if (recorder.keep_property_changes) {
+    recorder.property_changes.push_back({extender_.Name(), std::u16string(property)});
+  }
 }
 
 }  // namespace zk

@@ -42,6 +42,7 @@ void QtLabel::Paint(QPainter& painter, const QRectF& area) const {
 void QtLabel::Move(double left, double top, double width, double height) {
   left_ = left;
   top_ = top;
+  if (word_wrap_ && width != width_) fitted_ = false;  // a wrapping label fits its width
   width_ = width;
   height_ = height;
   if (auto_size_) FitToText();
@@ -68,6 +69,7 @@ void QtLabel::Refresh() {
 
 void QtLabel::SetCaption(std::u16string_view caption) {
   caption_ = caption;
+  fitted_ = false;
   if (auto_size_) FitToText();
   surface_.Update();
 }
@@ -94,18 +96,21 @@ void QtLabel::SetBackStyle(int16_t style) {
 
 void QtLabel::SetFont(const FontDescription& font) {
   font_ = font;
+  fitted_ = false;
   if (auto_size_) FitToText();
   surface_.Update();
 }
 
 void QtLabel::SetWordWrap(bool word_wrap) {
   word_wrap_ = word_wrap;
+  fitted_ = false;
   if (auto_size_) FitToText();
   surface_.Update();
 }
 
 void QtLabel::SetUseMnemonic(bool use_mnemonic) {
   use_mnemonic_ = use_mnemonic;
+  fitted_ = false;
   if (auto_size_) FitToText();
   surface_.Update();
 }
@@ -117,6 +122,12 @@ void QtLabel::SetAutoSize(bool auto_size) {
 }
 
 void QtLabel::FitToText() {
+  if (fitted_) {
+    // Nothing that decides the size changed: the size of the last fit stands.
+    if (!word_wrap_) width_ = fitted_width_;
+    height_ = fitted_height_;
+    return;
+  }
   const double tpp_x = surface_.XToTwips(1);
   const double tpp_y = surface_.YToTwips(1);
   const std::u16string shown = use_mnemonic_ ? StripMnemonics(caption_) : caption_;
@@ -132,6 +143,9 @@ void QtLabel::FitToText() {
   const TextExtent extent = measured_.extent;
   if (!word_wrap_) width_ = extent.width * tpp_x;
   height_ = extent.height * tpp_y;
+  fitted_width_ = width_;
+  fitted_height_ = height_;
+  fitted_ = true;
 }
 
 }  // namespace zk

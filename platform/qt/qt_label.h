@@ -83,6 +83,10 @@ class QtLabel final : public ILabelElement, public QtPaintedElement {
     TextExtent extent;
   };
   Measured measured_;
+  // False once something that decides the fitted size changed since the last fit.
+  bool fitted_ = false;
+  double fitted_width_ = 0;
+  double fitted_height_ = 0;
   Signal<> click_;
   Signal<> dbl_click_;
   MouseSignal mouse_down_;

@@ -19,6 +19,8 @@ QtPlatform::QtPlatform(QtOptions options)
   auto locale = std::make_unique<IcuLocale>();
   if (options.locale) locale->SetName(*options.locale);
   locale_ = std::move(locale);
+  // A running program has no use for them; a script host or a test asks for them.
+  recorder_.keep_property_changes = false;
   previous_sink_ = MDebugUtils::SetTraceSink(
       [this](const MDebugUtils::TraceRecord& record) { recorder_.traces.push_back(record); });
 }

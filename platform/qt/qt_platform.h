@@ -23,7 +23,8 @@ struct QtOptions {
 };
 
 // The platform over Qt 6 Widgets: real widgets, painting, fonts and timers. It creates the
-// QApplication when there is none. While it exists, trace lines also go to its recorder.
+// QApplication when there is none. While it exists, trace lines also go to its recorder;
+// property-changed notifications are kept only when a host asks for them.
 class QtPlatform final : public IPlatform {
  public:
   explicit QtPlatform(QtOptions options = {});

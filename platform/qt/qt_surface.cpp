@@ -29,6 +29,7 @@ class QtSurface::ControlWidget final : public QWidget {
   ControlWidget(QtSurface& surface, QWidget* parent) : QWidget(parent), surface_(surface) {
     setMouseTracking(true);
   }
+  ~ControlWidget() override { surface_.platform_.Windows().Destroyed(surface_.window_); }
 
  protected:
   void paintEvent(QPaintEvent*) override {
@@ -125,7 +126,7 @@ QtSurface::QtSurface(QtPlatform& platform, FormExtender& extender, QWidget* form
   auto* widget = new ControlWidget(*this, form);
   widget->setFocusPolicy(can_focus ? Qt::StrongFocus : Qt::NoFocus);
   widget_ = widget;
-  window_ = platform_.Windows().Register(widget, u"ZKControl", 0x50000000);
+  window_ = platform_.Windows().Register(widget, u"ZKControl", 0x50000000, false);
   last_width_ = extender_.Width();
   last_height_ = extender_.Height();
   FollowExtender(u"Move");

@@ -11,27 +11,29 @@ namespace zk {
 // Turns the Qt events of one widget into window messages.
 class QtWindowSystem::MessageRouter final : public QObject {
  public:
-  MessageRouter(QtWindowSystem& system, WindowHandle window) : system_(system), window_(window) {}
+  explicit MessageRouter(QtWindowSystem& system) : system_(system) {}
 
-  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+  bool eventFilter(QObject* watched, QEvent* event) override {
     if (event->type() == QEvent::Wheel) {
+      auto found = system_.handles_.find(watched);
+      if (found == system_.handles_.end()) return false;
+      const WindowHandle window = found->second;
       const auto* wheel = static_cast<QWheelEvent*>(event);
       const int delta =
           wheel->angleDelta().y() != 0 ? wheel->angleDelta().y() : wheel->angleDelta().x();
       const auto wparam =
           static_cast<int32_t>(static_cast<uint32_t>(static_cast<uint16_t>(delta)) << 16);
       // Swallowed unless a procedure passed the message on to the widget's own one.
-      return !system_.Route(window_, window_message::kMouseWheel, wparam, 0);
+      return !system_.Route(window, window_message::kMouseWheel, wparam, 0);
     }
     return false;
   }
 
  private:
   QtWindowSystem& system_;
-  WindowHandle window_;
 };
 
-QtWindowSystem::QtWindowSystem() {
+QtWindowSystem::QtWindowSystem() : router_(std::make_unique<MessageRouter>(*this)) {
   class_procedure_ = RegisterWindowProcedure(
       [this](WindowHandle window, uint32_t message, int32_t wparam, int32_t lparam) {
         return ClassProcedure(window, message, wparam, lparam);
@@ -41,34 +43,40 @@ QtWindowSystem::QtWindowSystem() {
 QtWindowSystem::~QtWindowSystem() {
   for (auto& [handle, window] : windows_) {
     QObject::disconnect(window.destroyed);
-    if (window.widget && window.router) window.widget->removeEventFilter(window.router.get());
+    if (window.widget) window.widget->removeEventFilter(router_.get());
   }
 }
 
-WindowHandle QtWindowSystem::Register(QWidget* widget, std::u16string class_name, int32_t style) {
+WindowHandle QtWindowSystem::Register(QWidget* widget, std::u16string class_name, int32_t style,
+                                      bool watch_destruction) {
   const WindowHandle handle = next_handle_;
   next_handle_ += 4;
   Window window;
   window.widget = widget;
+  window.key = widget;
   window.class_name = std::move(class_name);
   window.style = style;
   window.procedure = class_procedure_;
-  window.router = std::make_unique<MessageRouter>(*this, handle);
-  widget->installEventFilter(window.router.get());
-  // No context object: the router goes inside this very call. The window system ends the
-  // connection itself if it goes first.
-  window.destroyed = QObject::connect(widget, &QObject::destroyed, [this, handle] {
-    SendMessage(handle, window_message::kDestroy, 0, 0);
-    SendMessage(handle, window_message::kNcDestroy, 0, 0);
-    Forget(handle);
-  });
+  widget->installEventFilter(router_.get());
+  if (watch_destruction) {
+    // No context object: the window system ends the connection itself if it goes first.
+    window.destroyed =
+        QObject::connect(widget, &QObject::destroyed, [this, handle] { Destroyed(handle); });
+  }
+  handles_.emplace(widget, handle);
   windows_.emplace(handle, std::move(window));
   return handle;
 }
 
-void QtWindowSystem::Forget(WindowHandle window) {
+void QtWindowSystem::Destroyed(WindowHandle window) {
   auto found = windows_.find(window);
   if (found == windows_.end()) return;
+  SendMessage(window, window_message::kDestroy, 0, 0);
+  SendMessage(window, window_message::kNcDestroy, 0, 0);
+  found = windows_.find(window);  // a procedure may have done anything meanwhile
+  if (found == windows_.end()) return;
+  QObject::disconnect(found->second.destroyed);
+  handles_.erase(found->second.key);
   windows_.erase(found);
 }
 
@@ -78,10 +86,8 @@ QWidget* QtWindowSystem::Widget(WindowHandle window) const {
 }
 
 WindowHandle QtWindowSystem::HandleOf(const QWidget* widget) const {
-  for (const auto& [handle, window] : windows_) {
-    if (window.widget == widget) return handle;
-  }
-  return 0;
+  auto found = handles_.find(widget);
+  return found == handles_.end() ? 0 : found->second;
 }
 
 bool QtWindowSystem::IsWindow(WindowHandle window) const {

@@ -21,8 +21,14 @@ class QtWindowSystem final : public IWindowSystem {
   QtWindowSystem();
   ~QtWindowSystem() override;
 
-  // Gives the widget a handle (until it is destroyed) and its own procedure.
-  WindowHandle Register(QWidget* widget, std::u16string class_name, int32_t style = 0);
+  // Gives the widget a handle (until it is destroyed) and its own procedure. A widget class of
+  // the library reports its own destruction with Destroyed(), which spares a connection per
+  // widget; other widgets are watched for it.
+  WindowHandle Register(QWidget* widget, std::u16string class_name, int32_t style = 0,
+                        bool watch_destruction = true);
+  // The widget of the handle is being destroyed: its last messages go through its procedure and
+  // the handle ends.
+  void Destroyed(WindowHandle window);
   QWidget* Widget(WindowHandle window) const;
   WindowHandle HandleOf(const QWidget* widget) const;
 
@@ -44,19 +50,21 @@ class QtWindowSystem final : public IWindowSystem {
   class MessageRouter;
   struct Window {
     QPointer<QWidget> widget;
+    const QObject* key = nullptr;  // the widget's address, valid for lookups while it goes
     std::u16string class_name;
     int32_t style = 0;
     int32_t procedure = 0;
-    std::unique_ptr<MessageRouter> router;
     QMetaObject::Connection destroyed;
   };
 
   int32_t ClassProcedure(WindowHandle window, uint32_t message, int32_t wparam, int32_t lparam);
   // Sends a message that Qt is about to handle; true when the widget's own procedure ran.
   bool Route(WindowHandle window, uint32_t message, int32_t wparam, int32_t lparam);
-  void Forget(WindowHandle window);
 
   std::map<WindowHandle, Window> windows_;
+  // One event filter for every window, and the handles of the widgets it watches.
+  std::unique_ptr<MessageRouter> router_;
+  std::map<const QObject*, WindowHandle> handles_;
   std::map<int32_t, WindowProcedure> procedures_;
   int32_t class_procedure_ = 0;
   WindowHandle next_handle_ = 0x00020010;

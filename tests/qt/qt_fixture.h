@@ -15,6 +15,7 @@ class QtFormTest : public testing::Test {
  protected:
   QtFormTest()
       : platform_(QtOptions{true, std::u16string(u"en-US")}), scope_(platform_), form_(platform_) {
+    platform_.Recorder().keep_property_changes = true;
     form_.Widget()->show();
   }
 
