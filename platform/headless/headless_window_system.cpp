@@ -116,7 +116,7 @@ int32_t HeadlessWindowSystem::SetWindowLong(WindowHandle window, int32_t index, 
   if (found == windows_.end()) return 0;
   if (index == window_long::kStyle) return std::exchange(found->second.style, value);
   if (index == window_long::kWindowProcedure) {
-    if (!procedures_.contains(value)) return 0;
+    if (!procedures_.Contains(value)) return 0;
     return std::exchange(found->second.procedure, value);
   }
   return 0;
@@ -131,22 +131,15 @@ int32_t HeadlessWindowSystem::SendMessage(WindowHandle window, uint32_t message,
 
 int32_t HeadlessWindowSystem::CallWindowProc(int32_t address, WindowHandle window, uint32_t message,
                                              int32_t wparam, int32_t lparam) {
-  auto found = procedures_.find(address);
-  if (found == procedures_.end()) return 0;
-  // A copy: the procedure may release itself or others while it runs.
-  WindowProcedure procedure = found->second;
-  return procedure(window, message, wparam, lparam);
+  return procedures_.Call(address, window, message, wparam, lparam);
 }
 
 int32_t HeadlessWindowSystem::RegisterWindowProcedure(WindowProcedure procedure) {
-  const int32_t address = next_procedure_;
-  next_procedure_ += 16;
-  procedures_.emplace(address, std::move(procedure));
-  return address;
+  return procedures_.Register(std::move(procedure));
 }
 
 void HeadlessWindowSystem::ReleaseWindowProcedure(int32_t address) {
-  if (address != class_procedure_) procedures_.erase(address);
+  if (address != class_procedure_) procedures_.Release(address);
 }
 
 bool HeadlessWindowSystem::ReleaseCapture() {

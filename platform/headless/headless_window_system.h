@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/window_procedures.h"
 #include "platform/window_system.h"
 
 namespace zk {
@@ -77,10 +78,9 @@ class HeadlessWindowSystem final : public IWindowSystem {
   PixelPoint ClientOrigin(WindowHandle window) const;
 
   std::map<WindowHandle, Window> windows_;
-  std::map<int32_t, WindowProcedure> procedures_;
+  WindowProcedureTable procedures_{0x00401000};
   int32_t class_procedure_ = 0;
   WindowHandle next_handle_ = 0x00010010;
-  int32_t next_procedure_ = 0x00401000;
   WindowHandle active_window_ = 0;
   WindowHandle capture_ = 0;
   std::vector<MessageRecord> delivered_;

@@ -123,7 +123,7 @@ int32_t QtWindowSystem::SetWindowLong(WindowHandle window, int32_t index, int32_
   if (found == windows_.end() || !found->second.widget) return 0;
   if (index == window_long::kStyle) return std::exchange(found->second.style, value);
   if (index == window_long::kWindowProcedure) {
-    if (!procedures_.contains(value)) return 0;
+    if (!procedures_.Contains(value)) return 0;
     return std::exchange(found->second.procedure, value);
   }
   return 0;
@@ -138,21 +138,15 @@ int32_t QtWindowSystem::SendMessage(WindowHandle window, uint32_t message, int32
 
 int32_t QtWindowSystem::CallWindowProc(int32_t address, WindowHandle window, uint32_t message,
                                        int32_t wparam, int32_t lparam) {
-  auto found = procedures_.find(address);
-  if (found == procedures_.end()) return 0;
-  WindowProcedure procedure = found->second;  // it may release itself while it runs
-  return procedure(window, message, wparam, lparam);
+  return procedures_.Call(address, window, message, wparam, lparam);
 }
 
 int32_t QtWindowSystem::RegisterWindowProcedure(WindowProcedure procedure) {
-  const int32_t address = next_procedure_;
-  next_procedure_ += 16;
-  procedures_.emplace(address, std::move(procedure));
-  return address;
+  return procedures_.Register(std::move(procedure));
 }
 
 void QtWindowSystem::ReleaseWindowProcedure(int32_t address) {
-  if (address != class_procedure_) procedures_.erase(address);
+  if (address != class_procedure_) procedures_.Release(address);
 }
 
 bool QtWindowSystem::ReleaseCapture() {

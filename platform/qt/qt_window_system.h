@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/window_procedures.h"
 #include "platform/window_system.h"
 
 namespace zk {
@@ -65,10 +66,9 @@ class QtWindowSystem final : public IWindowSystem {
   // One event filter for every window, and the handles of the widgets it watches.
   std::unique_ptr<MessageRouter> router_;
   std::map<const QObject*, WindowHandle> handles_;
-  std::map<int32_t, WindowProcedure> procedures_;
+  WindowProcedureTable procedures_{0x00501000};
   int32_t class_procedure_ = 0;
   WindowHandle next_handle_ = 0x00020010;
-  int32_t next_procedure_ = 0x00501000;
   bool class_procedure_ran_ = false;
 };
 
