@@ -254,6 +254,17 @@ std::vector<Form::Placed*> Form::TabOrder() {
   return order;
 }
 
+bool Form::MayLeave(ZKControl* focused) {
+  if (focused == nullptr) return true;
+  for (Placed& placed : placed_) {
+    if (placed.control.get() != focused) continue;
+    bool cancel = false;
+    placed.site->Surface().Validate().Emit(cancel);
+    return !cancel;
+  }
+  return true;
+}
+
 bool Form::DeliverAccessKey(const KeyStroke& stroke) {
   if ((stroke.key_code != 13 && stroke.key_code != 27) || stroke.shift != 0) return false;
   const std::u16string_view flag = stroke.key_code == 13 ? u"Default" : u"Cancel";

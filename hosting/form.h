@@ -89,6 +89,8 @@ class Form {
   // focus and with TabStop set.
   std::vector<Placed*> TabOrder();
   bool CanFocus(Placed& placed);
+  // Asks the control that has the focus whether it may leave; false keeps the focus there.
+  bool MayLeave(ZKControl* focused);
   // Enter goes to the form's default control and Escape to its cancel control, as access keys;
   // true when such a control took the key.
   bool DeliverAccessKey(const KeyStroke& stroke);

@@ -48,28 +48,32 @@ void HeadlessForm::DeliverMouse(std::u16string_view name, MouseAction action, in
                                 int16_t shift, float x, float y) {
   HeadlessControlSite* site = FindSite(name);
   if (site == nullptr) throw ZKError(error_number::kInvalidProcedureCall, u"No such control");
-  if (action == MouseAction::kDown) {
+  if (action == MouseAction::kDown || action == MouseAction::kDoubleDown) {
     Placed* placed = FindPlaced(name);
-    if (placed && CanFocus(*placed)) SetFocusTo(placed);
+    // A control that refuses to let the focus go keeps the press from reaching the other one.
+    if (placed && CanFocus(*placed) && !SetFocusTo(placed)) return;
   }
   site->Surface().Deliver(action, button, shift, x, y);
 }
 
-void HeadlessForm::SetFocusTo(Placed* placed) {
+bool HeadlessForm::SetFocusTo(Placed* placed) {
   ZKControl* next = placed ? placed->control.get() : nullptr;
-  if (next == focused_) return;
+  if (next == focused_) return true;
+  // The control that has the focus validates before it lets it go.
+  if (!MayLeave(FocusedControl())) return false;
   if (ZKControl* previous = FocusedControl()) {
     if (HeadlessControlSite* site = FindSite(previous->Name())) site->Surface().LostFocus().Emit();
   }
   focused_ = next;
   if (placed) static_cast<HeadlessControlSite&>(*placed->site).Surface().GotFocus().Emit();
+  return true;
 }
 
 bool HeadlessForm::Focus(std::u16string_view name) {
   Placed* placed = FindPlaced(name);
   if (placed == nullptr) throw ZKError(error_number::kInvalidProcedureCall, u"No such control");
   if (!CanFocus(*placed)) return false;
-  SetFocusTo(placed);
+  SetFocusTo(placed);  // a control that keeps the focus is not an error of the caller
   return true;
 }
 

@@ -36,7 +36,8 @@ class HeadlessForm final : public Form {
   void SetTwipsPerPixel(double twips_per_pixel) override;
 
  private:
-  void SetFocusTo(Placed* placed);
+  // Moves the focus after the control that has it agreed; false when it kept the focus.
+  bool SetFocusTo(Placed* placed);
 
   HeadlessPlatform& platform_;
   WindowHandle window_;

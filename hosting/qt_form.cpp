@@ -29,6 +29,42 @@ class QtForm::FormWidget final : public QWidget {
   QtForm& form_;
 };
 
+// Watches the user's input to the form's widgets, so that the focus leaves a control only after
+// the control validated: a press on another control and the Tab key ask it first.
+class QtForm::InputGuard final : public QObject {
+ public:
+  explicit InputGuard(QtForm& form) : form_(form) {}
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (form_.widget_ == nullptr) return false;
+    auto* widget = qobject_cast<QWidget*>(watched);
+    if (widget == nullptr || !form_.widget_->isAncestorOf(widget)) return false;
+    if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick) {
+      Placed* target = form_.PlacedOf(widget);
+      if (target == nullptr || target->control.get() == form_.FocusedControl()) return false;
+      if (!form_.CanFocus(*target)) return false;
+      return !form_.MoveFocusTo(*target, Qt::MouseFocusReason);
+    }
+    if (event->type() == QEvent::KeyPress) {
+      const auto* key = static_cast<QKeyEvent*>(event);
+      const bool backwards = key->key() == Qt::Key_Backtab ||
+                             (key->key() == Qt::Key_Tab && (key->modifiers() & Qt::ShiftModifier));
+      if ((key->key() != Qt::Key_Tab && key->key() != Qt::Key_Backtab) ||
+          (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier))) {
+        return false;
+      }
+      if (Placed* next = form_.NextInTabOrder(form_.FocusedControl(), backwards)) {
+        form_.MoveFocusTo(*next, Qt::TabFocusReason);
+      }
+      return true;  // the form moves the focus on Tab
+    }
+    return false;
+  }
+
+ private:
+  QtForm& form_;
+};
+
 QtForm::QtForm(QtPlatform& platform) : Form(platform, platform.Recorder()), platform_(platform) {
   auto* widget = new FormWidget(*this);
   widget->resize(640, 480);
@@ -37,9 +73,30 @@ QtForm::QtForm(QtPlatform& platform) : Form(platform, platform.Recorder()), plat
   ambient_connection_ = AmbientProperties().AmbientChanged().Connect([this](std::u16string_view) {
     if (widget_) widget_->update();
   });
+  input_guard_ = std::make_unique<InputGuard>(*this);
+  QApplication::instance()->installEventFilter(input_guard_.get());
+}
+
+QtForm::Placed* QtForm::PlacedOf(const QWidget* widget) {
+  for (Placed& placed : PlacedControls()) {
+    const QWidget* control = static_cast<QtControlSite&>(*placed.site).Surface().Widget();
+    if (control != nullptr && (control == widget || control->isAncestorOf(widget))) return &placed;
+  }
+  return nullptr;
+}
+
+bool QtForm::MoveFocusTo(Placed& placed, Qt::FocusReason reason) {
+  if (placed.control.get() != FocusedControl() && !MayLeave(FocusedControl())) return false;
+  QWidget* widget = static_cast<QtControlSite&>(*placed.site).Surface().Widget();
+  if (widget_ && !widget_->isVisible()) widget_->show();
+  if (widget_) widget_->activateWindow();
+  widget->setFocus(reason);
+  QApplication::processEvents();
+  return true;
 }
 
 QtForm::~QtForm() {
+  if (input_guard_) QApplication::instance()->removeEventFilter(input_guard_.get());
   // The form's widget goes first and takes the controls' widgets with it, as a closing window
   // does; the controls then let go of what is left.
   delete widget_.data();
@@ -89,8 +146,13 @@ void QtForm::DeliverMouse(std::u16string_view name, MouseAction action, int16_t 
     target = control->childAt(point.toPoint());
     if (target == nullptr) target = control;
   }
-  if (action == MouseAction::kDown && site->Surface().Widget()->focusPolicy() != Qt::NoFocus) {
-    Focus(name);
+  if (action == MouseAction::kDown || action == MouseAction::kDoubleDown) {
+    Placed* placed = FindPlaced(name);
+    // A control that refuses to let the focus go keeps the press from reaching the other one.
+    if (placed != nullptr && placed->control.get() != FocusedControl() && CanFocus(*placed) &&
+        !MoveFocusTo(*placed, Qt::MouseFocusReason)) {
+      return;
+    }
   }
   const QPointF local = target->mapFrom(control, point);
   const QPointF global = target->mapToGlobal(local);
@@ -126,11 +188,7 @@ bool QtForm::Focus(std::u16string_view name) {
   Placed* placed = FindPlaced(name);
   if (placed == nullptr) throw ZKError(error_number::kInvalidProcedureCall, u"No such control");
   if (!CanFocus(*placed)) return false;
-  QWidget* widget = static_cast<QtControlSite&>(*placed->site).Surface().Widget();
-  if (widget_ && !widget_->isVisible()) widget_->show();
-  if (widget_) widget_->activateWindow();
-  widget->setFocus(Qt::OtherFocusReason);
-  QApplication::processEvents();
+  MoveFocusTo(*placed, Qt::OtherFocusReason);  // a control that keeps the focus is no error
   return true;
 }
 
@@ -138,8 +196,7 @@ void QtForm::TypeKeys(std::u16string_view keys) {
   for (const KeyStroke& stroke : ParseSendKeys(keys)) {
     if (stroke.key_code == 9 && (stroke.shift & 6) == 0) {
       if (Placed* next = NextInTabOrder(FocusedControl(), (stroke.shift & 1) != 0)) {
-        static_cast<QtControlSite&>(*next->site).Surface().Widget()->setFocus(Qt::TabFocusReason);
-        QApplication::processEvents();
+        MoveFocusTo(*next, Qt::TabFocusReason);
       }
       continue;
     }

@@ -36,10 +36,16 @@ class QtForm final : public Form {
 
  private:
   class FormWidget;
+  class InputGuard;
+  // The placed control whose widget is `widget` or holds it, or null.
+  Placed* PlacedOf(const QWidget* widget);
+  // Gives the focus to the control after the one that has it agreed.
+  bool MoveFocusTo(Placed& placed, Qt::FocusReason reason);
 
   QtPlatform& platform_;
   QPointer<QWidget> widget_;
   QPointer<QWidget> pressed_;
+  std::unique_ptr<InputGuard> input_guard_;
   ScopedConnection ambient_connection_;
 };
 

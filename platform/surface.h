@@ -79,6 +79,9 @@ class ISurface {
   virtual Signal<int16_t>& AccessKeyPress() = 0;
   // The host shows or hides the control.
   virtual Signal<bool>& Shown() = 0;
+  // Raised by the host before the focus leaves the control; a handler that sets the flag keeps
+  // the focus where it is.
+  virtual Signal<bool&>& Validate() = 0;
 };
 
 }  // namespace zk

@@ -64,6 +64,7 @@ class HeadlessSurface final : public ISurface {
   Signal<>& LostFocus() override { return lost_focus_; }
   Signal<int16_t>& AccessKeyPress() override { return access_key_press_; }
   Signal<bool>& Shown() override { return shown_; }
+  Signal<bool&>& Validate() override { return validate_; }
   // The elements in drawing order (the last one on top).
   const std::vector<IElement*>& Elements() const { return elements_->Elements(); }
 
@@ -105,6 +106,7 @@ class HeadlessSurface final : public ISurface {
   Signal<> lost_focus_;
   Signal<int16_t> access_key_press_;
   Signal<bool> shown_;
+  Signal<bool&> validate_;
   OLE_COLOR mask_color_ = 0x80000008;
 };
 

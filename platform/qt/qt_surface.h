@@ -87,6 +87,7 @@ class QtSurface final : public ISurface {
   Signal<>& LostFocus() override { return lost_focus_; }
   Signal<int16_t>& AccessKeyPress() override { return access_key_press_; }
   Signal<bool>& Shown() override { return shown_; }
+  Signal<bool&>& Validate() override { return validate_; }
 
   // Windowless elements register while they live; the last one added is on top.
   void AddPaintedElement(IElement* element, const QtPaintedElement* painted);
@@ -125,6 +126,7 @@ class QtSurface final : public ISurface {
   Signal<> lost_focus_;
   Signal<int16_t> access_key_press_;
   Signal<bool> shown_;
+  Signal<bool&> validate_;
   OLE_COLOR mask_color_ = 0x80000008;
   MouseDispatcher dispatcher_;
   std::vector<std::pair<IElement*, const QtPaintedElement*>> painted_;
