@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "controls/buttons/color_button.h"
+#include "controls/buttons/image_button.h"
 #include "controls/display/label.h"
 #include "controls/display/led.h"
 #include "foundation/dispatch_object.h"
@@ -17,6 +19,8 @@ std::shared_ptr<ZKControl> Create(IControlSite& site) {
 const std::array kKinds = {
     ControlKind{u"ZKLabel", &Create<ZKLabel>, 1935, 375, true, false, false},
     ControlKind{u"ZKLed", &Create<ZKLed>, 375, 375, false, false, false},
+    ControlKind{u"ZKColorButton", &Create<ZKColorButton>, 1215, 495, true, true, true},
+    ControlKind{u"ZKImgButton", &Create<ZKImgButton>, 1215, 495, true, true, true},
 };
 
 }  // namespace
