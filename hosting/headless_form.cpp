@@ -1,6 +1,7 @@
 #include "hosting/headless_form.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "foundation/dispatch_object.h"
 #include "foundation/zk_error.h"
@@ -50,9 +51,14 @@ void HeadlessForm::DeliverMouse(std::u16string_view name, MouseAction action, in
   if (site == nullptr) throw ZKError(error_number::kInvalidProcedureCall, u"No such control");
   if (action == MouseAction::kDown || action == MouseAction::kDoubleDown) {
     Placed* placed = FindPlaced(name);
-    // A control that refuses to let the focus go keeps the press from reaching the other one.
-    if (placed && CanFocus(*placed) && !SetFocusTo(placed)) return;
+    // A control that refuses to let the focus go keeps the press, and its release, from
+    // reaching the other one.
+    if (placed && CanFocus(*placed) && !SetFocusTo(placed)) {
+      swallow_release_ = true;
+      return;
+    }
   }
+  if (action == MouseAction::kUp && std::exchange(swallow_release_, false)) return;
   site->Surface().Deliver(action, button, shift, x, y);
 }
 

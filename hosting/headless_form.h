@@ -42,6 +42,7 @@ class HeadlessForm final : public Form {
   HeadlessPlatform& platform_;
   WindowHandle window_;
   ZKControl* focused_ = nullptr;
+  bool swallow_release_ = false;
 };
 
 }  // namespace zk

@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
+#include <utility>
 
 #include "foundation/zk_error.h"
 #include "hosting/send_keys.h"
@@ -43,7 +44,12 @@ class QtForm::InputGuard final : public QObject {
       Placed* target = form_.PlacedOf(widget);
       if (target == nullptr || target->control.get() == form_.FocusedControl()) return false;
       if (!form_.CanFocus(*target)) return false;
-      return !form_.MoveFocusTo(*target, Qt::MouseFocusReason);
+      form_.swallow_release_ = !form_.MoveFocusTo(*target, Qt::MouseFocusReason);
+      return form_.swallow_release_;
+    }
+    if (event->type() == QEvent::MouseButtonRelease && form_.swallow_release_) {
+      form_.swallow_release_ = false;  // the release of a press that was refused
+      return true;
     }
     if (event->type() == QEvent::KeyPress) {
       const auto* key = static_cast<QKeyEvent*>(event);
@@ -151,9 +157,11 @@ void QtForm::DeliverMouse(std::u16string_view name, MouseAction action, int16_t 
     // A control that refuses to let the focus go keeps the press from reaching the other one.
     if (placed != nullptr && placed->control.get() != FocusedControl() && CanFocus(*placed) &&
         !MoveFocusTo(*placed, Qt::MouseFocusReason)) {
+      swallow_release_ = true;
       return;
     }
   }
+  if (action == MouseAction::kUp && std::exchange(swallow_release_, false)) return;
   const QPointF local = target->mapFrom(control, point);
   const QPointF global = target->mapToGlobal(local);
   const Qt::MouseButton qt_button = QtButtonOf(button);

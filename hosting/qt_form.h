@@ -46,6 +46,7 @@ class QtForm final : public Form {
   QPointer<QWidget> widget_;
   QPointer<QWidget> pressed_;
   std::unique_ptr<InputGuard> input_guard_;
+  bool swallow_release_ = false;
   ScopedConnection ambient_connection_;
 };
 

@@ -11,6 +11,7 @@
 #include "foundation/text_encoding.h"
 #include "foundation/zk_error.h"
 #include "framework/type_library.h"
+#include "platform/platform.h"
 #include "platform/std_font.h"
 
 namespace zk {
@@ -141,6 +142,12 @@ class Parser {
     }
     const size_t start = pos_;
     const std::u16string name = Identifier();
+    if (MemberNameEquals(name, u"LoadPicture") && Consume(u'(')) {
+      // A picture from an image file, as a host's LoadPicture gives one.
+      const std::u16string path = Text();
+      if (!Consume(u')')) SyntaxError(u"expected \")\"");
+      return Variant(CurrentPlatform().Pictures().LoadPicture(path));
+    }
     if (Peek() != u'.' && Peek() != u'(') {
       if (MemberNameEquals(name, u"True")) return Variant(true);
       if (MemberNameEquals(name, u"False")) return Variant(false);
@@ -234,6 +241,10 @@ std::u16string ScriptValueText(const Variant& value) {
     if (std::dynamic_pointer_cast<StdFont>(object))
       return MArchiveUtils::ArchiveEscapeFont(*object);
     if (auto control = std::dynamic_pointer_cast<ZKControl>(object)) return control->Name();
+    if (auto picture = std::dynamic_pointer_cast<Picture>(object)) {
+      return u"Picture(" + Decimal(picture->WidthPixels()) + u"x" +
+             Decimal(picture->HeightPixels()) + u")";
+    }
     return u"[object]";
   }
   return value.ToText();

@@ -29,9 +29,9 @@ namespace zk {
 //   focus NAME, sendkeys NAME KEYS, wheel NAME DELTA, wait MS
 //
 // Literals are numbers (-3, 2.5, &H8000000F), texts in double quotes with doubled quotes inside,
-// True, False, Nothing and the names of the published enumerators; a control's name stands for
-// the control. Blank lines and lines starting with "#" or "'" are ignored. A statement that
-// fails prints "error N: DESCRIPTION" and the script goes on.
+// True, False, Nothing, LoadPicture("file.png") and the names of the published enumerators; a
+// control's name stands for the control. Blank lines and lines starting with "#" or "'" are
+// ignored. A statement that fails prints "error N: DESCRIPTION" and the script goes on.
 class ScriptHost {
  public:
   // `print` receives every output line (without its line break).

@@ -52,7 +52,11 @@ void MouseDispatcher::Deliver(MouseAction action, int16_t button, int16_t shift,
       click_pending_ = false;
       pressed_element_ = nullptr;
       (element ? element->MouseUp() : *surface_.up).Emit(button, shift, element_x, element_y);
-      const bool over = element ? Inside(*element, x, y) : TopmostAt(x, y) == nullptr;
+      bool over = element ? Inside(*element, x, y) : TopmostAt(x, y) == nullptr;
+      if (over && element == nullptr && surface_size_) {
+        const auto [width, height] = surface_size_();
+        over = x >= 0 && y >= 0 && x < width && y < height;
+      }
       if (clicks && over) (element ? element->Click() : *surface_.click).Emit();
       break;
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <utility>
 #include <vector>
 
 #include "platform/elements.h"
@@ -21,7 +23,10 @@ class MouseDispatcher {
     MouseSignal* up;
   };
 
-  explicit MouseDispatcher(SurfaceEvents surface) : surface_(surface) {}
+  // `surface_size` gives the inner area's width and height (twips): a release outside it clicks
+  // nothing.
+  MouseDispatcher(SurfaceEvents surface, std::function<std::pair<double, double>()> surface_size)
+      : surface_(surface), surface_size_(std::move(surface_size)) {}
 
   // Elements in creation order: the one added last is on top.
   void Add(IElement* element) { elements_.push_back(element); }
@@ -34,6 +39,7 @@ class MouseDispatcher {
 
  private:
   SurfaceEvents surface_;
+  std::function<std::pair<double, double>()> surface_size_;
   std::vector<IElement*> elements_;
   IElement* pressed_element_ = nullptr;
   bool pressed_ = false;

@@ -42,8 +42,10 @@ HeadlessSurface::HeadlessSurface(HeadlessPlatform& platform, FormExtender& exten
     : platform_(platform),
       extender_(extender),
       back_color_(0x8000000F),
-      elements_(std::make_shared<MouseDispatcher>(MouseDispatcher::SurfaceEvents{
-          &click_, &dbl_click_, &mouse_down_, &mouse_move_, &mouse_up_})) {
+      elements_(std::make_shared<MouseDispatcher>(
+          MouseDispatcher::SurfaceEvents{&click_, &dbl_click_, &mouse_down_, &mouse_move_,
+                                         &mouse_up_},
+          [this] { return std::pair<double, double>(ScaleWidth(), ScaleHeight()); })) {
   const double tpp_x = platform_.Screen().TwipsPerPixelX();
   const double tpp_y = platform_.Screen().TwipsPerPixelY();
   window_ = platform_.Windows().CreateWindow(

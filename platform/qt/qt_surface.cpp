@@ -122,7 +122,8 @@ class QtSurface::ControlWidget final : public QWidget {
 QtSurface::QtSurface(QtPlatform& platform, FormExtender& extender, QWidget* form, bool can_focus)
     : platform_(platform),
       extender_(extender),
-      dispatcher_({&click_, &dbl_click_, &mouse_down_, &mouse_move_, &mouse_up_}) {
+      dispatcher_({&click_, &dbl_click_, &mouse_down_, &mouse_move_, &mouse_up_},
+                  [this] { return std::pair<double, double>(ScaleWidth(), ScaleHeight()); }) {
   auto* widget = new ControlWidget(*this, form);
   widget->setFocusPolicy(can_focus ? Qt::StrongFocus : Qt::NoFocus);
   widget_ = widget;
