@@ -95,17 +95,7 @@ void HeadlessForm::TypeKeys(std::u16string_view keys) {
     ZKControl* focused = FocusedControl();
     HeadlessControlSite* site = focused ? FindSite(focused->Name()) : nullptr;
     if (site == nullptr) continue;  // nothing has the focus: the keys go nowhere
-    HeadlessSurface& surface = site->Surface();
-    int16_t key_code = stroke.key_code;
-    int16_t shift = stroke.shift;
-    surface.KeyDown().Emit(key_code, shift);
-    if (stroke.character != 0) {
-      int16_t character = stroke.character;
-      surface.KeyPress().Emit(character);
-    }
-    key_code = stroke.key_code;
-    shift = stroke.shift;
-    surface.KeyUp().Emit(key_code, shift);
+    site->Surface().DeliverKey(stroke.key_code, stroke.shift, stroke.character);
   }
 }
 

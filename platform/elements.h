@@ -141,4 +141,60 @@ class IImageElement : public IElement {
   virtual void SetStretch(bool stretch) = 0;
 };
 
+// A text box with its own window: one line, or several lines (line breaks, CR LF, are part of
+// the text). Positions and lengths count UTF-16 units. While its control has the focus, the
+// keys go to the box: KeyDown, then KeyPress with the typed character, then KeyUp; handlers may
+// change the key code or the character, and a code or character set to 0 is dropped before the
+// box acts on it. Every change of the text raises Change, whoever made it. The box takes back
+// its last edit on the undo message (window_message::kEditUndo) sent to its window; a second
+// undo takes back the undo. Changing the alignment recreates the box's window, which starts
+// over without a length limit.
+class ITextBoxElement : public IElement {
+ public:
+  virtual WindowHandle hWnd() const = 0;
+  virtual bool MultiLine() const = 0;
+
+  virtual std::u16string Text() const = 0;
+  virtual void SetText(std::u16string_view text) = 0;
+  // The caret, or the start of the selection; writes are kept within the text.
+  virtual int32_t SelStart() const = 0;
+  virtual void SetSelStart(int32_t start) = 0;
+  virtual int32_t SelLength() const = 0;
+  virtual void SetSelLength(int32_t length) = 0;
+  virtual std::u16string SelText() const = 0;
+  // Replaces the selection (or inserts at the caret) and puts the caret after the new text.
+  virtual void SetSelText(std::u16string_view text) = 0;
+  // The most units that typing may make the text hold; 0 for no limit.
+  virtual int32_t MaxLength() const = 0;
+  virtual void SetMaxLength(int32_t length) = 0;
+  // A read-only box still moves its caret and selection.
+  virtual bool Locked() const = 0;
+  virtual void SetLocked(bool locked) = 0;
+  // The character shown instead of each character of the text; empty shows the text.
+  virtual std::u16string PasswordChar() const = 0;
+  virtual void SetPasswordChar(std::u16string_view character) = 0;
+  // 0 left, 1 right, 2 centre.
+  virtual int16_t Alignment() const = 0;
+  virtual void SetAlignment(int16_t alignment) = 0;
+  virtual OLE_COLOR ForeColor() const = 0;
+  virtual void SetForeColor(OLE_COLOR color) = 0;
+  virtual OLE_COLOR BackColor() const = 0;
+  virtual void SetBackColor(OLE_COLOR color) = 0;
+  virtual FontDescription Font() const = 0;
+  virtual void SetFont(const FontDescription& font) = 0;
+  // 0 flat, 1 3-D.
+  virtual int16_t Appearance() const = 0;
+  virtual void SetAppearance(int16_t appearance) = 0;
+  // 0 none, 1 a border.
+  virtual int16_t BorderStyle() const = 0;
+  virtual void SetBorderStyle(int16_t style) = 0;
+  // The selection is hidden while the box does not have the focus.
+  virtual bool HideSelection() const = 0;
+
+  virtual Signal<>& Change() = 0;
+  virtual Signal<int16_t&, int16_t&>& KeyDown() = 0;
+  virtual Signal<int16_t&>& KeyPress() = 0;
+  virtual Signal<int16_t&, int16_t&>& KeyUp() = 0;
+};
+
 }  // namespace zk

@@ -58,6 +58,8 @@ class ISurface {
   virtual std::unique_ptr<IShapeElement> CreateShape() = 0;
   virtual std::unique_ptr<ILineElement> CreateLine() = 0;
   virtual std::unique_ptr<IImageElement> CreateImage() = 0;
+  // A text box; while it exists, the control's keys go to it instead of to the surface.
+  virtual std::unique_ptr<ITextBoxElement> CreateTextBox(bool multi_line) = 0;
 
   // Raised after the size changed (by the host or by SetSize).
   virtual Signal<>& Resized() = 0;

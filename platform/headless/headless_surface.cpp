@@ -9,6 +9,7 @@
 #include "platform/headless/headless_line.h"
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/headless_shape.h"
+#include "platform/headless/headless_text_box.h"
 
 namespace zk {
 
@@ -111,6 +112,45 @@ std::unique_ptr<ILineElement> HeadlessSurface::CreateLine() {
 
 std::unique_ptr<IImageElement> HeadlessSurface::CreateImage() {
   return std::make_unique<Registered<HeadlessImage>>(elements_, platform_.Screen());
+}
+
+namespace {
+
+// A text box that tells its surface when it goes, so that keys stop going to it.
+class KeyTakingTextBox : public HeadlessTextBox {
+ public:
+  KeyTakingTextBox(std::shared_ptr<HeadlessTextBox*> target, HeadlessPlatform& platform,
+                   WindowHandle parent, bool multi_line)
+      : HeadlessTextBox(platform, parent, multi_line), target_(std::move(target)) {
+    *target_ = this;
+  }
+  ~KeyTakingTextBox() override {
+    if (*target_ == this) *target_ = nullptr;
+  }
+
+ private:
+  std::shared_ptr<HeadlessTextBox*> target_;
+};
+
+}  // namespace
+
+std::unique_ptr<ITextBoxElement> HeadlessSurface::CreateTextBox(bool multi_line) {
+  return std::make_unique<Registered<KeyTakingTextBox>>(elements_, key_target_, platform_, window_,
+                                                        multi_line);
+}
+
+void HeadlessSurface::DeliverKey(int16_t key_code, int16_t shift, int16_t character) {
+  if (HeadlessTextBox* box = *key_target_) return box->DeliverKey(key_code, shift, character);
+  int16_t code = key_code;
+  int16_t modifiers = shift;
+  key_down_.Emit(code, modifiers);
+  if (character != 0) {
+    int16_t typed = character;
+    key_press_.Emit(typed);
+  }
+  code = key_code;
+  modifiers = shift;
+  key_up_.Emit(code, modifiers);
 }
 
 void HeadlessSurface::FollowExtender(std::u16string_view property) {

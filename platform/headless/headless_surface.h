@@ -10,6 +10,7 @@
 namespace zk {
 
 class HeadlessPlatform;
+class HeadlessTextBox;
 
 // A control's area on a headless form: a window in the form's window tree, sized by the
 // control's extender. A border takes one pixel on each side (two with the 3-D appearance).
@@ -50,6 +51,7 @@ class HeadlessSurface final : public ISurface {
   std::unique_ptr<IShapeElement> CreateShape() override;
   std::unique_ptr<ILineElement> CreateLine() override;
   std::unique_ptr<IImageElement> CreateImage() override;
+  std::unique_ptr<ITextBoxElement> CreateTextBox(bool multi_line) override;
 
   Signal<>& Resized() override { return resized_; }
   Signal<>& Click() override { return click_; }
@@ -67,6 +69,10 @@ class HeadlessSurface final : public ISurface {
   Signal<bool&>& Validate() override { return validate_; }
   // The elements in drawing order (the last one on top).
   const std::vector<IElement*>& Elements() const { return elements_->Elements(); }
+
+  // Delivers one key stroke to the control: to its text box when it has one, else to the
+  // surface's own key events.
+  void DeliverKey(int16_t key_code, int16_t shift, int16_t character);
 
   // Delivers one mouse action at (x, y), twips in the control's inner coordinates. While a
   // button is held, the element it was pressed on keeps the mouse (as a captured window does).
@@ -108,6 +114,8 @@ class HeadlessSurface final : public ISurface {
   Signal<bool> shown_;
   Signal<bool&> validate_;
   OLE_COLOR mask_color_ = 0x80000008;
+  // The text box that takes the control's keys (the last one created), while it lives.
+  std::shared_ptr<HeadlessTextBox*> key_target_ = std::make_shared<HeadlessTextBox*>(nullptr);
 };
 
 }  // namespace zk

@@ -35,6 +35,11 @@ WindowHandle HeadlessWindowSystem::CreateWindow(WindowHandle parent, std::u16str
   return handle;
 }
 
+void HeadlessWindowSystem::SetClassHandler(WindowHandle window, WindowProcedure handler) {
+  auto found = windows_.find(window);
+  if (found != windows_.end()) found->second.class_handler = std::move(handler);
+}
+
 bool HeadlessWindowSystem::DestroyWindow(WindowHandle window) {
   if (!IsWindow(window)) return false;
   SendMessage(window, window_message::kDestroy, 0, 0);
@@ -151,7 +156,12 @@ int32_t HeadlessWindowSystem::ClassProcedure(WindowHandle window, uint32_t messa
                                              int32_t lparam) {
   delivered_.push_back({window, message, wparam, lparam});
   auto found = windows_.find(window);
-  if (found == windows_.end() || found->second.class_name != u"ListBox") return 0;
+  if (found == windows_.end()) return 0;
+  if (found->second.class_handler) {
+    const WindowProcedure handler = found->second.class_handler;  // it may go while it runs
+    return handler(window, message, wparam, lparam);
+  }
+  if (found->second.class_name != u"ListBox") return 0;
   Window& list_box = found->second;
   switch (message) {
     case window_message::kListGetItemHeight:

@@ -31,6 +31,9 @@ class HeadlessWindowSystem final : public IWindowSystem {
   // Creates a window and returns its handle; 0 when the parent does not exist.
   WindowHandle CreateWindow(WindowHandle parent, std::u16string class_name, PixelRect bounds,
                             int32_t style = 0);
+  // Gives a window behaviour of its own: its class procedure hands every message to `handler`
+  // after recording it (an edit box answering the undo message, for instance).
+  void SetClassHandler(WindowHandle window, WindowProcedure handler);
   // Destroys the window and its children: kDestroy to the window, then its children are
   // destroyed, then kNcDestroy, each through the window's current procedure.
   bool DestroyWindow(WindowHandle window);
@@ -72,6 +75,7 @@ class HeadlessWindowSystem final : public IWindowSystem {
     int32_t procedure = 0;
     int32_t item_height = 13;
     int32_t horizontal_extent = 0;
+    WindowProcedure class_handler;
   };
 
   int32_t ClassProcedure(WindowHandle window, uint32_t message, int32_t wparam, int32_t lparam);

@@ -14,6 +14,7 @@
 #include "platform/qt/qt_platform.h"
 #include "platform/qt/qt_shape.h"
 #include "platform/qt/qt_text.h"
+#include "platform/qt/qt_text_box.h"
 
 namespace zk {
 namespace {
@@ -268,6 +269,14 @@ void QtSurface::FollowExtender(std::u16string_view property) {
     last_height_ = extender_.Height();
     resized_.Emit();
   }
+}
+
+}  // namespace zk
+
+namespace zk {
+
+std::unique_ptr<ITextBoxElement> QtSurface::CreateTextBox(bool multi_line) {
+  return std::make_unique<QtTextBox>(*this, multi_line);
 }
 
 }  // namespace zk

@@ -73,6 +73,7 @@ class QtSurface final : public ISurface {
   std::unique_ptr<IShapeElement> CreateShape() override;
   std::unique_ptr<ILineElement> CreateLine() override;
   std::unique_ptr<IImageElement> CreateImage() override;
+  std::unique_ptr<ITextBoxElement> CreateTextBox(bool multi_line) override;
 
   Signal<>& Resized() override { return resized_; }
   Signal<>& Click() override { return click_; }
@@ -96,6 +97,8 @@ class QtSurface final : public ISurface {
   QRectF PixelArea(const IElement& element) const;
   // Repaints the widget (after an element changed).
   void Update();
+  // A child widget (a text box) that takes the control's focus reports it here.
+  void ChildFocus(bool focused) { (focused ? got_focus_ : lost_focus_).Emit(); }
 
  private:
   class ControlWidget;

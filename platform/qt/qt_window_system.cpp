@@ -167,10 +167,19 @@ bool QtWindowSystem::Route(WindowHandle window, uint32_t message, int32_t wparam
   return ran;
 }
 
-int32_t QtWindowSystem::ClassProcedure(WindowHandle, uint32_t, int32_t, int32_t) {
+void QtWindowSystem::SetClassHandler(WindowHandle window, WindowProcedure handler) {
+  auto found = windows_.find(window);
+  if (found != windows_.end()) found->second.class_handler = std::move(handler);
+}
+
+int32_t QtWindowSystem::ClassProcedure(WindowHandle window, uint32_t message, int32_t wparam,
+                                       int32_t lparam) {
   // The widget's own handling is Qt's: the event goes on to the widget.
   class_procedure_ran_ = true;
-  return 0;
+  auto found = windows_.find(window);
+  if (found == windows_.end() || !found->second.class_handler) return 0;
+  const WindowProcedure handler = found->second.class_handler;  // it may go while it runs
+  return handler(window, message, wparam, lparam);
 }
 
 }  // namespace zk

@@ -27,6 +27,9 @@ class QtWindowSystem final : public IWindowSystem {
   // widget; other widgets are watched for it.
   WindowHandle Register(QWidget* widget, std::u16string class_name, int32_t style = 0,
                         bool watch_destruction = true);
+  // Gives a window behaviour of its own: its own procedure hands every message to `handler` (an
+  // edit box answering the undo message, for instance).
+  void SetClassHandler(WindowHandle window, WindowProcedure handler);
   // The widget of the handle is being destroyed: its last messages go through its procedure and
   // the handle ends.
   void Destroyed(WindowHandle window);
@@ -56,6 +59,7 @@ class QtWindowSystem final : public IWindowSystem {
     int32_t style = 0;
     int32_t procedure = 0;
     QMetaObject::Connection destroyed;
+    WindowProcedure class_handler;
   };
 
   int32_t ClassProcedure(WindowHandle window, uint32_t message, int32_t wparam, int32_t lparam);
