@@ -1,5 +1,4 @@
 #include "apps/gallery.h"
-#include "apps/gallery_sections.h"
 
 #include <QApplication>
 #include <QDir>
@@ -10,6 +9,7 @@
 #include <QTextStream>
 #include <cstdio>
 
+#include "apps/gallery_sections.h"
 #include "controls/display/label.h"
 #include "foundation/text_encoding.h"
 #include "hosting/qt_form.h"
@@ -145,6 +145,7 @@ int RunGallery(const GalleryOptions& options) {
   BuildLabels(form);
   BuildButtonGallery(form, 240, 4350, 7800, 2700);
   BuildLampGallery(form, 8250, 900, 5000, 3300);
+  BuildTextGallery(form, 8250, 4350, 5000, 2700);
 
   const QString archive = options.archive_file.empty()
                               ? DefaultArchiveFile()

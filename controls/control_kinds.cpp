@@ -6,6 +6,8 @@
 #include "controls/buttons/image_button.h"
 #include "controls/display/label.h"
 #include "controls/display/led.h"
+#include "controls/text/multi_line_text_edit.h"
+#include "controls/text/text_edit.h"
 #include "foundation/dispatch_object.h"
 
 namespace zk {
@@ -21,6 +23,8 @@ const std::array kKinds = {
     ControlKind{u"ZKLed", &Create<ZKLed>, 375, 375, false, false, false},
     ControlKind{u"ZKColorButton", &Create<ZKColorButton>, 1215, 495, true, true, true},
     ControlKind{u"ZKImgButton", &Create<ZKImgButton>, 1215, 495, true, true, true},
+    ControlKind{u"ZKTextEdit", &Create<ZKTextEdit>, 1215, 315, false, true, true},
+    ControlKind{u"ZKMultiLineTextEdit", &Create<ZKMultiLineTextEdit>, 1935, 975, false, true, true},
 };
 
 }  // namespace

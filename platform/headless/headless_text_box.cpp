@@ -159,6 +159,9 @@ void HeadlessTextBox::ActOnKey(int16_t key_code, int16_t shift) {
       }
       return MoveCaret(target, extend);
     }
+    case 9:  // Ctrl+Tab types a tab in a box of several lines (Tab alone moves the focus)
+      if (multi_line_ && (shift & kCtrlKey) && !locked_) Replace(u"\t", true);
+      return;
     case 46:  // Delete: the selection, or the unit after the caret
       if (locked_) return;
       if (caret_ == anchor_) {

@@ -50,7 +50,12 @@ class QtTextBox::Editor {
     box_.key_down_.Emit(code, shift);
     const QString text = event->text();
     if (text.isEmpty() || text.at(0).unicode() == 127) {
-      if (code != 0) BaseKeyPress(event);
+      // Ctrl+Tab types a tab in a box of several lines (Tab alone moves the focus).
+      if (code == 9 && (shift & 2) && box_.multi_line_ && !box_.Locked()) {
+        InsertTyped(QStringLiteral("\t"));
+      } else if (code != 0) {
+        BaseKeyPress(event);
+      }
       return;
     }
     const auto original = static_cast<int16_t>(text.at(0).unicode());
