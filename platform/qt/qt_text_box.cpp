@@ -8,6 +8,7 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <cmath>
+#include <type_traits>
 
 #include "platform/qt/qt_colors.h"
 #include "platform/qt/qt_input.h"
@@ -110,84 +111,55 @@ class QtTextBox::Editor {
   bool click_pending_ = false;
 };
 
-class QtTextBox::LineEditor final : public QLineEdit, public QtTextBox::Editor {
+// The editor over one of Qt's text widgets: a QLineEdit or a QPlainTextEdit.
+template <typename QtEditor>
+class QtTextBox::EditorWidget final : public QtEditor, public QtTextBox::Editor {
  public:
-  LineEditor(QtTextBox& box, QWidget* parent) : QLineEdit(parent), Editor(box) {
-    setMouseTracking(true);
+  EditorWidget(QtTextBox& box, QWidget* parent) : QtEditor(parent), Editor(box) {
+    if constexpr (std::is_same_v<QtEditor, QPlainTextEdit>) {
+      this->viewport()->setMouseTracking(true);
+    } else {
+      this->setMouseTracking(true);
+    }
   }
   QWidget* Widget() override { return this; }
-  void BaseKeyPress(QKeyEvent* event) override { QLineEdit::keyPressEvent(event); }
-  void InsertTyped(const QString& text) override { insert(text); }
+  void BaseKeyPress(QKeyEvent* event) override { QtEditor::keyPressEvent(event); }
+  void InsertTyped(const QString& text) override {
+    if constexpr (std::is_same_v<QtEditor, QPlainTextEdit>) {
+      this->insertPlainText(text);
+    } else {
+      this->insert(text);
+    }
+  }
 
  protected:
   void keyPressEvent(QKeyEvent* event) override { KeyPress(event); }
   void keyReleaseEvent(QKeyEvent* event) override {
     KeyRelease(event);
-    QLineEdit::keyReleaseEvent(event);
+    QtEditor::keyReleaseEvent(event);
   }
   void mousePressEvent(QMouseEvent* event) override {
     Mouse(QEvent::MouseButtonPress, event);
-    QLineEdit::mousePressEvent(event);
+    QtEditor::mousePressEvent(event);
   }
   void mouseDoubleClickEvent(QMouseEvent* event) override {
     Mouse(QEvent::MouseButtonDblClick, event);
-    QLineEdit::mouseDoubleClickEvent(event);
+    QtEditor::mouseDoubleClickEvent(event);
   }
   void mouseMoveEvent(QMouseEvent* event) override {
     Mouse(QEvent::MouseMove, event);
-    QLineEdit::mouseMoveEvent(event);
+    QtEditor::mouseMoveEvent(event);
   }
   void mouseReleaseEvent(QMouseEvent* event) override {
     Mouse(QEvent::MouseButtonRelease, event);
-    QLineEdit::mouseReleaseEvent(event);
+    QtEditor::mouseReleaseEvent(event);
   }
   void focusInEvent(QFocusEvent* event) override {
-    QLineEdit::focusInEvent(event);
+    QtEditor::focusInEvent(event);
     box_.surface_.ChildFocus(true);
   }
   void focusOutEvent(QFocusEvent* event) override {
-    QLineEdit::focusOutEvent(event);
-    box_.surface_.ChildFocus(false);
-  }
-};
-
-class QtTextBox::TextEditor final : public QPlainTextEdit, public QtTextBox::Editor {
- public:
-  TextEditor(QtTextBox& box, QWidget* parent) : QPlainTextEdit(parent), Editor(box) {
-    viewport()->setMouseTracking(true);
-  }
-  QWidget* Widget() override { return this; }
-  void BaseKeyPress(QKeyEvent* event) override { QPlainTextEdit::keyPressEvent(event); }
-  void InsertTyped(const QString& text) override { insertPlainText(text); }
-
- protected:
-  void keyPressEvent(QKeyEvent* event) override { KeyPress(event); }
-  void keyReleaseEvent(QKeyEvent* event) override {
-    KeyRelease(event);
-    QPlainTextEdit::keyReleaseEvent(event);
-  }
-  void mousePressEvent(QMouseEvent* event) override {
-    Mouse(QEvent::MouseButtonPress, event);
-    QPlainTextEdit::mousePressEvent(event);
-  }
-  void mouseDoubleClickEvent(QMouseEvent* event) override {
-    Mouse(QEvent::MouseButtonDblClick, event);
-    QPlainTextEdit::mouseDoubleClickEvent(event);
-  }
-  void mouseMoveEvent(QMouseEvent* event) override {
-    Mouse(QEvent::MouseMove, event);
-    QPlainTextEdit::mouseMoveEvent(event);
-  }
-  void mouseReleaseEvent(QMouseEvent* event) override {
-    Mouse(QEvent::MouseButtonRelease, event);
-    QPlainTextEdit::mouseReleaseEvent(event);
-  }
-  void focusInEvent(QFocusEvent* event) override {
-    QPlainTextEdit::focusInEvent(event);
-    box_.surface_.ChildFocus(true);
-  }
-  void focusOutEvent(QFocusEvent* event) override {
-    QPlainTextEdit::focusOutEvent(event);
+    QtEditor::focusOutEvent(event);
     box_.surface_.ChildFocus(false);
   }
 };
@@ -197,12 +169,12 @@ QtTextBox::QtTextBox(QtSurface& surface, bool multi_line)
   font_ = surface_.Platform().Fonts().DefaultFont();
   QWidget* parent = surface_.Widget();
   if (multi_line) {
-    auto* editor = new TextEditor(*this, parent);
+    auto* editor = new EditorWidget<QPlainTextEdit>(*this, parent);
     QObject::connect(editor, &QPlainTextEdit::textChanged, [this] { change_.Emit(); });
     editor_ = editor;
     widget_ = editor;
   } else {
-    auto* editor = new LineEditor(*this, parent);
+    auto* editor = new EditorWidget<QLineEdit>(*this, parent);
     QObject::connect(editor, &QLineEdit::textChanged, [this](const QString&) { change_.Emit(); });
     editor_ = editor;
     widget_ = editor;

@@ -74,8 +74,8 @@ class QtTextBox final : public ITextBoxElement {
 
  private:
   class Editor;
-  class LineEditor;
-  class TextEditor;
+  template <typename QtEditor>
+  class EditorWidget;
   friend class Editor;
 
   void ApplyColours();
