@@ -33,6 +33,8 @@ std::u16string Index(size_t index) {
 }
 
 std::u16string Decoded(ArchiveKind kind, std::u16string_view element) {
+  // An empty field is one that the host does not offer for the control.
+  if (element.empty() && kind != ArchiveKind::kText) return u"(empty: reads as 0 or False)";
   switch (kind) {
     case ArchiveKind::kText:
       return u"text \"" + MArchiveUtils::ArchiveUnescapeString(element) + u"\"";
