@@ -13,21 +13,15 @@
 namespace zk {
 
 QtLabel::QtLabel(QtSurface& surface, FontDescription font)
-    : surface_(surface), font_(std::move(font)) {
-  surface_.AddPaintedElement(this, this);
-}
-
-QtLabel::~QtLabel() {
-  surface_.RemovePaintedElement(this);
-}
+    : QtPaintedBase(surface), font_(std::move(font)) {}
 
 void QtLabel::Paint(QPainter& painter, const QRectF& area) const {
-  const QPalette& colors = surface_.Widget()->palette();
+  const QPalette& colors = Surface().Widget()->palette();
   painter.setClipRect(area, Qt::IntersectClip);
   if (back_style_ != 0) painter.fillRect(area, ToQColor(back_color_, colors));
-  painter.setFont(surface_.Platform().Fonts().ToQFont(font_));
-  painter.setPen(enabled_ ? ToQColor(fore_color_, colors)
-                          : colors.color(QPalette::Disabled, QPalette::WindowText));
+  painter.setFont(Surface().Platform().Fonts().ToQFont(font_));
+  painter.setPen(Enabled() ? ToQColor(fore_color_, colors)
+                           : colors.color(QPalette::Disabled, QPalette::WindowText));
   int flags = Qt::AlignTop;
   flags |= alignment_ == 1 ? Qt::AlignRight : alignment_ == 2 ? Qt::AlignHCenter : Qt::AlignLeft;
   if (word_wrap_) flags |= Qt::TextWordWrap;
@@ -40,111 +34,87 @@ void QtLabel::Paint(QPainter& painter, const QRectF& area) const {
 }
 
 void QtLabel::Move(double left, double top, double width, double height) {
-  left_ = left;
-  top_ = top;
-  if (word_wrap_ && width != width_) fitted_ = false;  // a wrapping label fits its width
-  width_ = width;
-  height_ = height;
+  if (word_wrap_ && width != Width()) fitted_ = false;  // a wrapping label fits its width
+  QtPaintedBase::Move(left, top, width, height);
   if (auto_size_) FitToText();
-  surface_.Update();
-}
-
-void QtLabel::SetVisible(bool visible) {
-  visible_ = visible;
-  surface_.Update();
-}
-
-void QtLabel::SetEnabled(bool enabled) {
-  enabled_ = enabled;
-  surface_.Update();
-}
-
-void QtLabel::SetToolTipText(std::u16string_view text) {
-  tool_tip_text_ = text;
-}
-
-void QtLabel::Refresh() {
-  if (QWidget* widget = surface_.Widget()) widget->repaint();
 }
 
 void QtLabel::SetCaption(std::u16string_view caption) {
   caption_ = caption;
   fitted_ = false;
   if (auto_size_) FitToText();
-  surface_.Update();
+  Changed();
 }
 
 void QtLabel::SetAlignment(int16_t alignment) {
   alignment_ = alignment;
-  surface_.Update();
+  Changed();
 }
 
 void QtLabel::SetForeColor(OLE_COLOR color) {
   fore_color_ = color;
-  surface_.Update();
+  Changed();
 }
 
 void QtLabel::SetBackColor(OLE_COLOR color) {
   back_color_ = color;
-  surface_.Update();
+  Changed();
 }
 
 void QtLabel::SetBackStyle(int16_t style) {
   back_style_ = style;
-  surface_.Update();
+  Changed();
 }
 
 void QtLabel::SetFont(const FontDescription& font) {
   font_ = font;
   fitted_ = false;
   if (auto_size_) FitToText();
-  surface_.Update();
+  Changed();
 }
 
 void QtLabel::SetWordWrap(bool word_wrap) {
   word_wrap_ = word_wrap;
   fitted_ = false;
   if (auto_size_) FitToText();
-  surface_.Update();
+  Changed();
 }
 
 void QtLabel::SetUseMnemonic(bool use_mnemonic) {
   use_mnemonic_ = use_mnemonic;
   fitted_ = false;
   if (auto_size_) FitToText();
-  surface_.Update();
+  Changed();
 }
 
 void QtLabel::SetAutoSize(bool auto_size) {
   auto_size_ = auto_size;
   if (auto_size_) FitToText();
-  surface_.Update();
+  Changed();
 }
 
 void QtLabel::FitToText() {
   if (fitted_) {
     // Nothing that decides the size changed: the size of the last fit stands.
-    if (!word_wrap_) width_ = fitted_width_;
-    height_ = fitted_height_;
+    SetSize(word_wrap_ ? Width() : fitted_width_, fitted_height_);
     return;
   }
-  const double tpp_x = surface_.XToTwips(1);
-  const double tpp_y = surface_.YToTwips(1);
+  const double tpp_x = Surface().XToTwips(1);
+  const double tpp_y = Surface().YToTwips(1);
   const std::u16string shown = use_mnemonic_ ? StripMnemonics(caption_) : caption_;
   // A wrapping label keeps its width; at least one pixel, so that words still stack.
   const int32_t wrap_width =
-      word_wrap_ ? std::max<int32_t>(1, static_cast<int32_t>(std::lround(width_ / tpp_x))) : 0;
+      word_wrap_ ? std::max<int32_t>(1, static_cast<int32_t>(std::lround(Width() / tpp_x))) : 0;
   if (measured_.wrap_width != wrap_width || measured_.text != shown || !(measured_.font == font_)) {
-    measured_.extent = surface_.Platform().Fonts().MeasureText(font_, shown, wrap_width);
+    measured_.extent = Surface().Platform().Fonts().MeasureText(font_, shown, wrap_width);
     measured_.text = shown;
     measured_.font = font_;
     measured_.wrap_width = wrap_width;
   }
   const TextExtent extent = measured_.extent;
-  if (!word_wrap_) width_ = extent.width * tpp_x;
-  height_ = extent.height * tpp_y;
-  fitted_width_ = width_;
-  fitted_height_ = height_;
+  SetSize(word_wrap_ ? Width() : extent.width * tpp_x, extent.height * tpp_y);
+  fitted_width_ = Width();
+  fitted_height_ = Height();
   fitted_ = true;
 }
 

@@ -3,36 +3,18 @@
 #include <string>
 
 #include "platform/elements.h"
-#include "platform/qt/qt_surface.h"
+#include "platform/qt/qt_painted_element.h"
 
 namespace zk {
 
 // A label element on the Qt platform: a windowless element that the control's surface paints
 // (the caption, with the access key underlined when UseMnemonic is on), sized to its text by the
 // font catalogue's measurement. While disabled it leaves the mouse to the control.
-class QtLabel final : public ILabelElement, public QtPaintedElement {
+class QtLabel final : public QtPaintedBase<ILabelElement> {
  public:
   QtLabel(QtSurface& surface, FontDescription font);
-  ~QtLabel() override;
 
-  double Left() const override { return left_; }
-  double Top() const override { return top_; }
-  double Width() const override { return width_; }
-  double Height() const override { return height_; }
   void Move(double left, double top, double width, double height) override;
-  bool Visible() const override { return visible_; }
-  void SetVisible(bool visible) override;
-  bool Enabled() const override { return enabled_; }
-  void SetEnabled(bool enabled) override;
-  std::u16string ToolTipText() const override { return tool_tip_text_; }
-  void SetToolTipText(std::u16string_view text) override;
-  void Refresh() override;
-
-  Signal<>& Click() override { return click_; }
-  Signal<>& DblClick() override { return dbl_click_; }
-  MouseSignal& MouseDown() override { return mouse_down_; }
-  MouseSignal& MouseMove() override { return mouse_move_; }
-  MouseSignal& MouseUp() override { return mouse_up_; }
 
   std::u16string Caption() const override { return caption_; }
   void SetCaption(std::u16string_view caption) override;
@@ -58,14 +40,6 @@ class QtLabel final : public ILabelElement, public QtPaintedElement {
  private:
   void FitToText();
 
-  QtSurface& surface_;
-  double left_ = 0;
-  double top_ = 0;
-  double width_ = 0;
-  double height_ = 0;
-  bool visible_ = true;
-  bool enabled_ = true;
-  std::u16string tool_tip_text_;
   std::u16string caption_;
   int16_t alignment_ = 0;
   OLE_COLOR fore_color_ = 0x80000012;
@@ -87,11 +61,6 @@ class QtLabel final : public ILabelElement, public QtPaintedElement {
   bool fitted_ = false;
   double fitted_width_ = 0;
   double fitted_height_ = 0;
-  Signal<> click_;
-  Signal<> dbl_click_;
-  MouseSignal mouse_down_;
-  MouseSignal mouse_move_;
-  MouseSignal mouse_up_;
 };
 
 }  // namespace zk

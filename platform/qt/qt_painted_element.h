@@ -56,6 +56,11 @@ class QtPaintedBase : public Base, public QtPaintedElement {
 
  protected:
   void Changed() { surface_.Update(); }
+  // Sets the size alone (an element that fits itself to its content); the caller repaints.
+  void SetSize(double width, double height) {
+    width_ = width;
+    height_ = height;
+  }
   QtSurface& Surface() const { return surface_; }
 
  private:
