@@ -59,12 +59,14 @@ class Signal {
  public:
   using Handler = std::function<void(Args...)>;
 
-  Signal() : state_(std::make_shared<State>()) {}
+  // Most signals of a form are never connected, so the handler list is made on first use.
+  Signal() = default;
   Signal(const Signal&) = delete;
   Signal& operator=(const Signal&) = delete;
 
   // Adds a handler; it stays connected until the returned connection ends.
   [[nodiscard]] ScopedConnection Connect(Handler handler) {
+    if (!state_) state_ = std::make_shared<State>();
     const size_t id = ++state_->next_id;
     state_->entries.push_back(std::make_unique<Slot>(Slot{id, true, std::move(handler)}));
     return ScopedConnection(state_, id, &State::Disconnect);
@@ -72,6 +74,7 @@ class Signal {
 
   // Calls every connected handler with the arguments.
   void Emit(Args... args) const {
+    if (!state_) return;
     auto state = state_;  // a handler may destroy the signal itself
     // Ends the emission also when a handler throws, so that disconnected slots still go.
     struct Emission {
@@ -90,8 +93,8 @@ class Signal {
   }
 
   bool HasHandlers() const {
-    return std::any_of(state_->entries.begin(), state_->entries.end(),
-                       [](const auto& slot) { return slot->alive; });
+    return state_ && std::any_of(state_->entries.begin(), state_->entries.end(),
+                                 [](const auto& slot) { return slot->alive; });
   }
 
  private:

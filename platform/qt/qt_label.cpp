@@ -33,16 +33,32 @@ void QtLabel::Paint(QPainter& painter, const QRectF& area) const {
   painter.drawText(area, flags, text);
 }
 
+double QtLabel::Width() const {
+  EnsureFitted();
+  return QtPaintedBase::Width();
+}
+
+double QtLabel::Height() const {
+  EnsureFitted();
+  return QtPaintedBase::Height();
+}
+
+void QtLabel::EnsureFitted() const {
+  // The label itself is never const; only the size read is.
+  if (size_stale_) const_cast<QtLabel*>(this)->FitToText();
+}
+
 void QtLabel::Move(double left, double top, double width, double height) {
-  if (word_wrap_ && width != Width()) fitted_ = false;  // a wrapping label fits its width
+  // A wrapping label fits its width.
+  if (word_wrap_ && width != QtPaintedBase::Width()) fitted_ = false;
   QtPaintedBase::Move(left, top, width, height);
-  if (auto_size_) FitToText();
+  RefitLater();
 }
 
 void QtLabel::SetCaption(std::u16string_view caption) {
   caption_ = caption;
   fitted_ = false;
-  if (auto_size_) FitToText();
+  RefitLater();
   Changed();
 }
 
@@ -69,31 +85,32 @@ void QtLabel::SetBackStyle(int16_t style) {
 void QtLabel::SetFont(const FontDescription& font) {
   font_ = font;
   fitted_ = false;
-  if (auto_size_) FitToText();
+  RefitLater();
   Changed();
 }
 
 void QtLabel::SetWordWrap(bool word_wrap) {
   word_wrap_ = word_wrap;
   fitted_ = false;
-  if (auto_size_) FitToText();
+  RefitLater();
   Changed();
 }
 
 void QtLabel::SetUseMnemonic(bool use_mnemonic) {
   use_mnemonic_ = use_mnemonic;
   fitted_ = false;
-  if (auto_size_) FitToText();
+  RefitLater();
   Changed();
 }
 
 void QtLabel::SetAutoSize(bool auto_size) {
   auto_size_ = auto_size;
-  if (auto_size_) FitToText();
+  RefitLater();
   Changed();
 }
 
 void QtLabel::FitToText() {
+  size_stale_ = false;
   if (fitted_) {
     // Nothing that decides the size changed: the size of the last fit stands.
     SetSize(word_wrap_ ? Width() : fitted_width_, fitted_height_);

@@ -14,6 +14,10 @@ class QtLabel final : public QtPaintedBase<ILabelElement> {
  public:
   QtLabel(QtSurface& surface, FontDescription font);
 
+  // With AutoSize on, the size is fitted to the text when it is next read: a label's setters
+  // run one after another while a control is set up, and only the last text counts.
+  double Width() const override;
+  double Height() const override;
   void Move(double left, double top, double width, double height) override;
 
   std::u16string Caption() const override { return caption_; }
@@ -38,6 +42,9 @@ class QtLabel final : public QtPaintedBase<ILabelElement> {
   void Paint(QPainter& painter, const QRectF& area) const override;
 
  private:
+  // Asks for a new fit when AutoSize is on (the next read of the size makes it).
+  void RefitLater() { size_stale_ = auto_size_; }
+  void EnsureFitted() const;
   void FitToText();
 
   std::u16string caption_;
@@ -59,6 +66,8 @@ class QtLabel final : public QtPaintedBase<ILabelElement> {
   Measured measured_;
   // False once something that decides the fitted size changed since the last fit.
   bool fitted_ = false;
+  // True while the size waits for a fit that RefitLater asked for.
+  bool size_stale_ = false;
   double fitted_width_ = 0;
   double fitted_height_ = 0;
 };
