@@ -67,8 +67,14 @@ class Signal {
   // Adds a handler; it stays connected until the returned connection ends.
   [[nodiscard]] ScopedConnection Connect(Handler handler) {
     if (!state_) state_ = std::make_shared<State>();
-    const size_t id = ++state_->next_id;
-    state_->entries.push_back(std::make_unique<Slot>(Slot{id, true, std::move(handler)}));
+    State& state = *state_;
+    const size_t id = ++state.next_id;
+    if (state.first.id == 0 && state.more.empty()) {
+      // Most signals have one handler: it lives in the state itself.
+      state.first = Slot{id, true, std::move(handler)};
+    } else {
+      state.more.push_back(std::make_unique<Slot>(Slot{id, true, std::move(handler)}));
+    }
     return ScopedConnection(state_, id, &State::Disconnect);
   }
 
@@ -84,48 +90,60 @@ class Signal {
         if (--state.emitting == 0 && state.dead > 0) state.Compact();
       }
     } emission(*state);
-    const size_t count = state->entries.size();
+    // The first slot is only filled while no emission runs, so it cannot be new here.
+    const size_t count = state->more.size();
+    if (state->first.alive) state->first.handler(args...);
     for (size_t i = 0; i < count; ++i) {
-      // Slots live on the heap, so a handler connected meanwhile does not move this one.
-      Slot* slot = state->entries[i].get();
+      // These slots live on the heap, so a handler connected meanwhile does not move this one.
+      Slot* slot = state->more[i].get();
       if (slot->alive) slot->handler(args...);
     }
   }
 
   bool HasHandlers() const {
-    return state_ && std::any_of(state_->entries.begin(), state_->entries.end(),
-                                 [](const auto& slot) { return slot->alive; });
+    return state_ &&
+           (state_->first.alive || std::any_of(state_->more.begin(), state_->more.end(),
+                                               [](const auto& slot) { return slot->alive; }));
   }
 
  private:
   struct Slot {
-    size_t id;
-    bool alive;
+    size_t id = 0;  // 0: no handler
+    bool alive = false;
     Handler handler;
   };
   struct State {
-    std::vector<std::unique_ptr<Slot>> entries;
+    Slot first;
+    std::vector<std::unique_ptr<Slot>> more;
     size_t next_id = 0;
     size_t dead = 0;
     int emitting = 0;
 
     void Compact() {
-      std::erase_if(entries, [](const auto& slot) { return !slot->alive; });
+      if (first.id != 0 && !first.alive) first = Slot{};
+      std::erase_if(more, [](const auto& slot) { return !slot->alive; });
       dead = 0;
     }
 
     static void Disconnect(void* raw, size_t id) {
       State& state = *static_cast<State*>(raw);
-      // Ids grow with every connection, so the slots are sorted by id.
-      auto found = std::lower_bound(
-          state.entries.begin(), state.entries.end(), id,
-          [](const std::unique_ptr<Slot>& slot, size_t wanted) { return slot->id < wanted; });
-      if (found == state.entries.end() || (*found)->id != id || !(*found)->alive) return;
-      (*found)->alive = false;
+      Slot* slot = nullptr;
+      if (state.first.id == id) {
+        slot = &state.first;
+      } else {
+        // Ids grow with every connection, so the slots are sorted by id.
+        auto found = std::lower_bound(
+            state.more.begin(), state.more.end(), id,
+            [](const std::unique_ptr<Slot>& entry, size_t wanted) { return entry->id < wanted; });
+        if (found != state.more.end() && (*found)->id == id) slot = found->get();
+      }
+      if (slot == nullptr || !slot->alive) return;
+      slot->alive = false;
       ++state.dead;
       // A slot that may be running is only marked; many connections end together (a form
       // closing), so the list is compacted now and then rather than every time.
-      if (state.emitting == 0 && state.dead * 2 > state.entries.size()) state.Compact();
+      const size_t count = state.more.size() + (state.first.id != 0 ? 1 : 0);
+      if (state.emitting == 0 && state.dead * 2 > count) state.Compact();
     }
   };
   std::shared_ptr<State> state_;

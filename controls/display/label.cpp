@@ -59,34 +59,50 @@ ZKLabel::~ZKLabel() = default;
 void ZKLabel::ConnectInput() {
   ISurface& surface = Surface();
   ILabelElement& label = *lbl_label_;
+  // Handlers capture only `this`, so that none of them needs a heap block of its own.
+  connections_.reserve(11);
   connections_.push_back(surface.Resized().Connect([this] { Layout(); }));
   connections_.push_back(surface.Click().Connect([this] { Click.Raise(); }));
   connections_.push_back(surface.DblClick().Connect([this] { DblClick.Raise(); }));
   connections_.push_back(label.Click().Connect([this] { Click.Raise(); }));
   connections_.push_back(label.DblClick().Connect([this] { DblClick.Raise(); }));
-  auto forward = [this](ControlEvent<int16_t&, int16_t&, float&, float&>& event, bool shifted) {
-    return [this, &event, shifted](int16_t button, int16_t shift, float x, float y) {
-      if (shifted) {
-        x += static_cast<float>(lbl_label_->Left());
-        y += static_cast<float>(lbl_label_->Top());
-      }
-      event.Raise(button, shift, x, y);
-    };
-  };
-  connections_.push_back(surface.MouseDown().Connect(forward(MouseDown, false)));
-  connections_.push_back(surface.MouseMove().Connect(forward(MouseMove, false)));
-  connections_.push_back(surface.MouseUp().Connect(forward(MouseUp, false)));
-  connections_.push_back(label.MouseDown().Connect(forward(MouseDown, true)));
-  connections_.push_back(label.MouseUp().Connect(forward(MouseUp, true)));
-  connections_.push_back(label.MouseMove().Connect(
-      [this, move = forward(MouseMove, true)](int16_t button, int16_t shift, float x, float y) {
+  connections_.push_back(
+      surface.MouseDown().Connect([this](int16_t button, int16_t shift, float x, float y) {
+        MouseDown.Raise(button, shift, x, y);
+      }));
+  connections_.push_back(
+      surface.MouseMove().Connect([this](int16_t button, int16_t shift, float x, float y) {
+        MouseMove.Raise(button, shift, x, y);
+      }));
+  connections_.push_back(
+      surface.MouseUp().Connect([this](int16_t button, int16_t shift, float x, float y) {
+        MouseUp.Raise(button, shift, x, y);
+      }));
+  connections_.push_back(
+      label.MouseDown().Connect([this](int16_t button, int16_t shift, float x, float y) {
+        RaiseFromText(MouseDown, button, shift, x, y);
+      }));
+  connections_.push_back(
+      label.MouseUp().Connect([this](int16_t button, int16_t shift, float x, float y) {
+        RaiseFromText(MouseUp, button, shift, x, y);
+      }));
+  connections_.push_back(
+      label.MouseMove().Connect([this](int16_t button, int16_t shift, float x, float y) {
         // The host's tooltip belongs to the control; copying it lets it show over the text too.
         try {
           lbl_label_->SetToolTipText(Site().Extender().GetProperty(u"ToolTipText").ToText());
         } catch (...) {
         }
-        move(button, shift, x, y);
+        RaiseFromText(MouseMove, button, shift, x, y);
       }));
+}
+
+void ZKLabel::RaiseFromText(ControlEvent<int16_t&, int16_t&, float&, float&>& event, int16_t button,
+                            int16_t shift, float x, float y) {
+  // The text element reports its own coordinates; the host gets the control's.
+  x += static_cast<float>(lbl_label_->Left());
+  y += static_cast<float>(lbl_label_->Top());
+  event.Raise(button, shift, x, y);
 }
 
 const AutomationTable& ZKLabel::Automation() const {

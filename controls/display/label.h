@@ -73,6 +73,8 @@ class ZKLabel final : public ZKControl {
  private:
   void Layout();
   void ConnectInput();
+  void RaiseFromText(ControlEvent<int16_t&, int16_t&, float&, float&>& event, int16_t button,
+                     int16_t shift, float x, float y);
 
   std::unique_ptr<ILabelElement> lbl_label_;
   AmbientBackColorBinding ambient_back_color_;

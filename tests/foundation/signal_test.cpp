@@ -49,5 +49,34 @@ TEST(SignalTest, ConnectionsEndWithTheirScopeAndMayEndDuringEmission) {
   late.Disconnect();
 }
 
+TEST(SignalTest, HandlersKeepConnectionOrderWhileConnectionsComeAndGo) {
+  Signal<> changed;
+  std::string calls;
+  std::optional<ScopedConnection> a = changed.Connect([&] { calls += 'a'; });
+  std::optional<ScopedConnection> b = changed.Connect([&] { calls += 'b'; });
+  a.reset();  // the oldest handler goes; the list is compacted
+  auto c = changed.Connect([&] { calls += 'c'; });
+  changed.Emit();
+  EXPECT_EQ(calls, "bc");
+
+  // A handler connected while the first one is running and just ended itself runs next time.
+  calls.clear();
+  b.reset();
+  c.Disconnect();
+  std::optional<ScopedConnection> d;
+  std::optional<ScopedConnection> e;
+  d = changed.Connect([&] {
+    calls += 'd';
+    d.reset();
+    e = changed.Connect([&] { calls += 'e'; });
+  });
+  changed.Emit();
+  changed.Emit();
+  EXPECT_EQ(calls, "de");
+  EXPECT_TRUE(changed.HasHandlers());
+  e.reset();
+  EXPECT_FALSE(changed.HasHandlers());
+}
+
 }  // namespace
 }  // namespace zk
