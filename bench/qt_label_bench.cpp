@@ -24,11 +24,7 @@ void ZKLabelForm(zk::QtPlatform& platform, int count) {
     const std::string digits = std::to_string(i);
     const std::u16string name = u"L" + std::u16string(digits.begin(), digits.end());
     auto& label = static_cast<zk::ZKLabel&>(form.AddControl(u"ZKLabel", name));
-    zk::DispatchObject& extender = *form.FindExtender(name);
-    extender.SetProperty(u"Left", zk::Variant(static_cast<double>((i % kColumns) * 960)));
-    extender.SetProperty(u"Top", zk::Variant(static_cast<double>((i / kColumns) * 360)));
-    extender.SetProperty(u"Width", zk::Variant(900.0));
-    extender.SetProperty(u"Height", zk::Variant(300.0));
+    form.MoveControl(name, (i % kColumns) * 960.0, (i / kColumns) * 360.0, 900, 300);
     label.SetCaption(u"Label " + name);
   }
   form.Widget()->show();

@@ -75,6 +75,24 @@ std::vector<ZKControl*> Form::Controls() {
   return controls;
 }
 
+bool Form::MoveControl(std::u16string_view name, double left, double top, double width,
+                       double height) {
+  Placed* placed = FindPlaced(name);
+  if (placed == nullptr) return false;
+  // As with the extender's own Width and Height: a negative size is refused, nothing moves.
+  if (width < 0 || height < 0) throw ZKError::InvalidPropertyValue();
+  DispatchObject& extender = placed->site->Extender();
+  if (auto* form_extender = dynamic_cast<FormExtender*>(&extender)) {
+    form_extender->Move(left, top, width, height);
+  } else {
+    extender.SetProperty(u"Left", Variant(left));
+    extender.SetProperty(u"Top", Variant(top));
+    extender.SetProperty(u"Width", Variant(width));
+    extender.SetProperty(u"Height", Variant(height));
+  }
+  return true;
+}
+
 bool Form::RemoveControl(std::u16string_view name) {
   Placed* placed = FindPlaced(name);
   if (placed == nullptr) return false;
@@ -97,12 +115,15 @@ Form::Placed& Form::Place(const ControlKind& kind, std::u16string_view name,
                           const MemoryPropertyBag* extender_values) {
   Placed placed{std::u16string(name), &kind, CreateSite(kind, name), nullptr};
   DispatchObject& extender = placed.site->Extender();
-  // Only controls that act as buttons get Default and Cancel from the form.
-  if (auto* form_extender = dynamic_cast<FormExtender*>(&extender)) {
+  auto* form_extender = dynamic_cast<FormExtender*>(&extender);
+  if (form_extender != nullptr) {
+    // Only controls that act as buttons get Default and Cancel from the form.
     form_extender->OfferDefaultAndCancel(kind.default_and_cancel);
+    form_extender->Move(0, 0, kind.width, kind.height);
+  } else {
+    extender.SetProperty(u"Width", Variant(kind.width));
+    extender.SetProperty(u"Height", Variant(kind.height));
   }
-  extender.SetProperty(u"Width", Variant(kind.width));
-  extender.SetProperty(u"Height", Variant(kind.height));
   extender.SetProperty(u"TabIndex", Variant(static_cast<int32_t>(placed_.size())));
   try {
     extender.SetProperty(u"TabStop", Variant(kind.tab_stop));
@@ -119,7 +140,7 @@ Form::Placed& Form::Place(const ControlKind& kind, std::u16string_view name,
     }
   }
   placed.control = kind.create(*placed.site);
-  if (auto* form_extender = dynamic_cast<FormExtender*>(&extender)) {
+  if (form_extender != nullptr) {
     ZKControl& control = *placed.control;
     form_extender->BindEnabled([&control] { return control.Enabled(); },
                                [&control](bool enabled) { control.SetEnabled(enabled); });

@@ -39,6 +39,10 @@ class Form {
   // The host-side properties of a placed control, by name.
   DispatchObject* FindExtender(std::u16string_view name);
   std::vector<ZKControl*> Controls();
+  // Places a control at a new position and size (twips) in one step, as a designer's drag
+  // does: the control lays itself out once. False when no control has that name; a negative
+  // size raises ZKError 380 and moves nothing.
+  bool MoveControl(std::u16string_view name, double left, double top, double width, double height);
   // Removes one control (false when there is none of that name), or all of them.
   bool RemoveControl(std::u16string_view name);
   void RemoveAll();

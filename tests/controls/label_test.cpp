@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "form_fixture.h"
+#include "foundation/zk_error.h"
 #include "platform/memory_property_bag.h"
 
 namespace zk {
@@ -64,6 +65,20 @@ TEST_F(LabelTest, LayoutPlacesTheTextByAlignmentAndMargin) {
     EXPECT_EQ(TextPlace(), std::make_pair(row.left, row.top));
     EXPECT_EQ(label_.TextElement().Width(), 450);
   }
+}
+
+TEST_F(LabelTest, AFormMovesALabelInOneStepAndRefusesNegativeSizes) {
+  ASSERT_TRUE(form_.MoveControl(u"label1", 120, 240, 1935, 375));
+  const double place[] = {
+      extender_.GetProperty(u"Left").ToDouble(), extender_.GetProperty(u"Top").ToDouble(),
+      extender_.GetProperty(u"Width").ToDouble(), extender_.GetProperty(u"Height").ToDouble()};
+  EXPECT_EQ(std::vector<double>(std::begin(place), std::end(place)),
+            (std::vector<double>{120, 240, 1935, 375}));
+  EXPECT_EQ(TextPlace(), (std::pair<double, double>{30, 90}));  // laid out for the new size
+  EXPECT_THROW(form_.MoveControl(u"Label1", 0, 0, -1, 375), ZKError);
+  EXPECT_EQ(extender_.GetProperty(u"Width").ToDouble(), 1935);
+  EXPECT_EQ(extender_.GetProperty(u"Left").ToDouble(), 120);
+  EXPECT_FALSE(form_.MoveControl(u"Nobody", 0, 0, 10, 10));
 }
 
 TEST_F(LabelTest, AutoSizeGivesTheControlTheSizeOfItsTextWithoutMargins) {
