@@ -82,6 +82,11 @@ class QtSurface::ControlWidget final : public QWidget {
   void mouseMoveEvent(QMouseEvent* event) override { Mouse(MouseAction::kMove, event); }
   void mouseReleaseEvent(QMouseEvent* event) override { Mouse(MouseAction::kUp, event); }
   bool event(QEvent* event) override {
+    if (event->type() == QEvent::Wheel &&
+        surface_.platform_.Windows().RouteWheel(surface_.window_,
+                                                *static_cast<QWheelEvent*>(event))) {
+      return true;
+    }
     if (event->type() == QEvent::ToolTip) {
       // Windowless elements show their own tooltip over their area.
       auto* help = static_cast<QHelpEvent*>(event);
@@ -128,7 +133,8 @@ QtSurface::QtSurface(QtPlatform& platform, FormExtender& extender, QWidget* form
   auto* widget = new ControlWidget(*this, form);
   widget->setFocusPolicy(can_focus ? Qt::StrongFocus : Qt::NoFocus);
   widget_ = widget;
-  window_ = platform_.Windows().Register(widget, u"ZKControl", 0x50000000, false);
+  window_ = platform_.Windows().Register(widget, u"ZKControl", 0x50000000,
+                                         QtWindowSystem::Reporting::kSelf);
   last_width_ = extender_.Width();
   last_height_ = extender_.Height();
   FollowExtender(u"Move");

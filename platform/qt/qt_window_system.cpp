@@ -14,19 +14,10 @@ class QtWindowSystem::MessageRouter final : public QObject {
   explicit MessageRouter(QtWindowSystem& system) : system_(system) {}
 
   bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() == QEvent::Wheel) {
-      auto found = system_.handles_.find(watched);
-      if (found == system_.handles_.end()) return false;
-      const WindowHandle window = found->second;
-      const auto* wheel = static_cast<QWheelEvent*>(event);
-      const int delta =
-          wheel->angleDelta().y() != 0 ? wheel->angleDelta().y() : wheel->angleDelta().x();
-      const auto wparam =
-          static_cast<int32_t>(static_cast<uint32_t>(static_cast<uint16_t>(delta)) << 16);
-      // Swallowed unless a procedure passed the message on to the widget's own one.
-      return !system_.Route(window, window_message::kMouseWheel, wparam, 0);
-    }
-    return false;
+    if (event->type() != QEvent::Wheel) return false;
+    auto found = system_.handles_.find(watched);
+    if (found == system_.handles_.end()) return false;
+    return system_.RouteWheel(found->second, *static_cast<QWheelEvent*>(event));
   }
 
  private:
@@ -48,7 +39,7 @@ QtWindowSystem::~QtWindowSystem() {
 }
 
 WindowHandle QtWindowSystem::Register(QWidget* widget, std::u16string class_name, int32_t style,
-                                      bool watch_destruction) {
+                                      Reporting reporting) {
   const WindowHandle handle = next_handle_;
   next_handle_ += 4;
   Window window;
@@ -57,8 +48,8 @@ WindowHandle QtWindowSystem::Register(QWidget* widget, std::u16string class_name
   window.class_name = std::move(class_name);
   window.style = style;
   window.procedure = class_procedure_;
-  widget->installEventFilter(router_.get());
-  if (watch_destruction) {
+  if (reporting == Reporting::kWatched) {
+    widget->installEventFilter(router_.get());
     // No context object: the window system ends the connection itself if it goes first.
     window.destroyed =
         QObject::connect(widget, &QObject::destroyed, [this, handle] { Destroyed(handle); });
@@ -66,6 +57,14 @@ WindowHandle QtWindowSystem::Register(QWidget* widget, std::u16string class_name
   handles_.emplace(widget, handle);
   windows_.emplace(handle, std::move(window));
   return handle;
+}
+
+bool QtWindowSystem::RouteWheel(WindowHandle window, const QWheelEvent& wheel) {
+  const int delta = wheel.angleDelta().y() != 0 ? wheel.angleDelta().y() : wheel.angleDelta().x();
+  const auto wparam =
+      static_cast<int32_t>(static_cast<uint32_t>(static_cast<uint16_t>(delta)) << 16);
+  // Swallowed unless a procedure passed the message on to the widget's own one.
+  return !Route(window, window_message::kMouseWheel, wparam, 0);
 }
 
 void QtWindowSystem::Destroyed(WindowHandle window) {

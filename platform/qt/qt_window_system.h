@@ -11,6 +11,8 @@
 #include "platform/window_procedures.h"
 #include "platform/window_system.h"
 
+class QWheelEvent;
+
 namespace zk {
 
 // Windows of the Qt platform: widgets given a 32-bit handle and a window procedure. The
@@ -22,11 +24,16 @@ class QtWindowSystem final : public IWindowSystem {
   QtWindowSystem();
   ~QtWindowSystem() override;
 
-  // Gives the widget a handle (until it is destroyed) and its own procedure. A widget class of
-  // the library reports its own destruction with Destroyed(), which spares a connection per
-  // widget; other widgets are watched for it.
+  // Who tells the window system about a widget's wheel and destruction: a widget class of the
+  // library calls RouteWheel() and Destroyed() itself, which spares an event filter and a
+  // connection per widget; any other widget is watched for them.
+  enum class Reporting { kWatched, kSelf };
+  // Gives the widget a handle (until it is destroyed) and its own procedure.
   WindowHandle Register(QWidget* widget, std::u16string class_name, int32_t style = 0,
-                        bool watch_destruction = true);
+                        Reporting reporting = Reporting::kWatched);
+  // A wheel event that Qt is about to give to the window's widget becomes the wheel message;
+  // true when the widget must not handle it (no procedure passed it on).
+  bool RouteWheel(WindowHandle window, const QWheelEvent& wheel);
   // Gives a window behaviour of its own: its own procedure hands every message to `handler` (an
   // edit box answering the undo message, for instance).
   void SetClassHandler(WindowHandle window, WindowProcedure handler);
