@@ -77,6 +77,7 @@ const QFontMetrics& QtFontCatalogue::MetricsOf(const FontDescription& font) cons
     const QFont qfont = ToQFont(font);
     cached_metrics_.emplace(qfont);
     cached_metrics_f_.emplace(qfont);
+    line_height_ = cached_metrics_->height();
     advances_.fill(-1);
     cached_description_ = font;
   }
@@ -105,29 +106,29 @@ TextExtent QtFontCatalogue::MeasureText(const FontDescription& font, std::u16str
 TextExtent QtFontCatalogue::Measure(const FontDescription& font, std::u16string_view text,
                                     int32_t wrap_width) const {
   const QFontMetrics& metrics = MetricsOf(font);
+  if (text.empty()) return {0, line_height_};
+  if (wrap_width <= 0) {
+    // One line of Latin text: the sum of its characters' advances, as it is drawn unshaped.
+    qreal width = 0;
+    bool simple = true;
+    for (const char16_t unit : text) {
+      // Control characters (line breaks among them) and other scripts take Qt's own path.
+      if (unit < 0x20 || unit >= advances_.size()) {
+        simple = false;
+        break;
+      }
+      if (advances_[unit] < 0) advances_[unit] = cached_metrics_f_->horizontalAdvance(QChar(unit));
+      width += advances_[unit];
+    }
+    if (simple) return {static_cast<int32_t>(std::ceil(width - 1e-6)), line_height_};
+  }
   const QString lines = LinesOf(text);
-  if (lines.isEmpty()) return {0, metrics.height()};
   if (wrap_width > 0) {
     const QRect bounds = metrics.boundingRect(
         QRect(0, 0, wrap_width, 1 << 24), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, lines);
     return {bounds.width(), bounds.height()};
   }
-  if (!lines.contains(QChar(u'\n'))) {
-    // One line of Latin text: the sum of its characters' advances, as it is drawn unshaped.
-    qreal width = 0;
-    bool simple = true;
-    for (QChar c : lines) {
-      const char16_t unit = c.unicode();
-      if (unit < 0x20 || unit >= advances_.size()) {
-        simple = false;
-        break;
-      }
-      if (advances_[unit] < 0) advances_[unit] = cached_metrics_f_->horizontalAdvance(c);
-      width += advances_[unit];
-    }
-    if (simple) return {static_cast<int32_t>(std::ceil(width - 1e-6)), metrics.height()};
-    return {metrics.horizontalAdvance(lines), metrics.height()};
-  }
+  if (!lines.contains(QChar(u'\n'))) return {metrics.horizontalAdvance(lines), line_height_};
   const QSize size = metrics.size(0, lines);
   return {size.width(), size.height()};
 }

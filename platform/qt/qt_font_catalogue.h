@@ -43,6 +43,7 @@ class QtFontCatalogue final : public IFontCatalogue {
   mutable FontDescription cached_description_;
   mutable std::optional<QFontMetrics> cached_metrics_;
   mutable std::optional<QFontMetricsF> cached_metrics_f_;
+  mutable int32_t line_height_ = 0;
   // Advances of the Latin characters in the cached font, filled as they are asked for.
   mutable std::array<qreal, 0x250> advances_{};
   // Recent measurements: forms repeat the same captions in the same fonts.

@@ -56,8 +56,11 @@ void QtLabel::Move(double left, double top, double width, double height) {
 }
 
 void QtLabel::SetCaption(std::u16string_view caption) {
-  caption_ = caption;
-  fitted_ = false;
+  // Layouts write the same caption again to refresh the label; its last fit still holds.
+  if (caption != caption_) {
+    caption_ = caption;
+    fitted_ = false;
+  }
   RefitLater();
   Changed();
 }
