@@ -1,152 +1,163 @@
 #pragma once
 
-#include <algorithm>
-#include <cstddef>
+#include <cstdint>
 #include <functional>
-#include <memory>
 #include <utility>
-#include <vector>
 
 namespace zk {
+
+namespace signal_detail {
+
+class Core;
+
+// One connected handler. It lives on the heap from Connect until both the signal's list and
+// the connection have let go of it, and never while its handler runs.
+struct Node {
+  virtual ~Node() = default;
+
+  Node* next = nullptr;
+  Core* core = nullptr;  // the signal's list; null once the signal has gone
+  int32_t running = 0;   // emissions inside this handler right now
+  bool alive = true;     // false once the connection ended
+  bool held = true;      // a ScopedConnection still refers to it
+};
+
+// The emission that runs innermost on a signal, linked to the ones it runs inside of; the
+// signal tells them when it is destroyed under them.
+struct Emission {
+  Emission* outer = nullptr;
+  bool signal_gone = false;
+};
+
+// The handler list of a signal, kept in the signal itself: connecting costs one heap block (the
+// node) and no reference counting.
+class Core {
+ public:
+  Core() = default;
+  Core(const Core&) = delete;
+  Core& operator=(const Core&) = delete;
+  ~Core();
+
+  void Append(Node* node);
+  bool HasHandlers() const { return live_ > 0; }
+  Node* Head() const { return head_; }
+  Node* Tail() const { return tail_; }
+
+  // Emissions register while they run, innermost first.
+  void Enter(Emission& emission);
+  void Leave(Emission& emission);
+
+  // A connection ended: the node is marked, and unlinked when no emission runs.
+  void Ended(Node& node);
+
+ private:
+  void Compact();
+
+  Node* head_ = nullptr;
+  Node* tail_ = nullptr;
+  Emission* emissions_ = nullptr;
+  uint32_t live_ = 0;
+  uint32_t dead_ = 0;
+};
+
+// Ends the node's connection (ScopedConnection's side).
+void Release(Node* node);
+// After the handler of `node` returned from an emission whose signal has gone.
+void AfterOrphanedCall(Node* node);
+
+}  // namespace signal_detail
 
 // Ends a signal connection when it is destroyed (or on Disconnect()); move-only. It does not
 // keep the signal alive: a connection may outlive its signal.
 class ScopedConnection {
  public:
-  using DisconnectFunction = void (*)(void* state, size_t id);
-
   ScopedConnection() = default;
-  ScopedConnection(std::weak_ptr<void> state, size_t id, DisconnectFunction disconnect)
-      : state_(std::move(state)), id_(id), disconnect_(disconnect) {}
+  explicit ScopedConnection(signal_detail::Node* node) : node_(node) {}
   ScopedConnection(const ScopedConnection&) = delete;
   ScopedConnection& operator=(const ScopedConnection&) = delete;
   ScopedConnection(ScopedConnection&& other) noexcept
-      : state_(std::move(other.state_)), id_(other.id_), disconnect_(other.disconnect_) {
-    other.disconnect_ = nullptr;
-  }
+      : node_(std::exchange(other.node_, nullptr)) {}
   ScopedConnection& operator=(ScopedConnection&& other) noexcept {
     if (this != &other) {
       Disconnect();
-      state_ = std::move(other.state_);
-      id_ = other.id_;
-      disconnect_ = other.disconnect_;
-      other.disconnect_ = nullptr;
+      node_ = std::exchange(other.node_, nullptr);
     }
     return *this;
   }
   ~ScopedConnection() { Disconnect(); }
 
   void Disconnect() {
-    if (disconnect_ == nullptr) return;
-    const DisconnectFunction disconnect = disconnect_;
-    disconnect_ = nullptr;
-    if (std::shared_ptr<void> state = state_.lock()) disconnect(state.get(), id_);
-    state_.reset();
+    if (node_ != nullptr) signal_detail::Release(std::exchange(node_, nullptr));
   }
 
  private:
-  std::weak_ptr<void> state_;
-  size_t id_ = 0;
-  DisconnectFunction disconnect_ = nullptr;
+  signal_detail::Node* node_ = nullptr;
 };
 
 // A list of handlers called in connection order. Arguments declared as references reach the
 // handlers as references, so a handler can change them and the emitter sees the change.
 // Handlers may connect or disconnect handlers (themselves included) while the signal runs;
-// a handler connected during an emission is first called by the next emission.
+// a handler connected during an emission is first called by the next emission. A handler may
+// also destroy the signal itself: the emission then ends after it.
 template <typename... Args>
 class Signal {
  public:
   using Handler = std::function<void(Args...)>;
 
-  // Most signals of a form are never connected, so the handler list is made on first use.
   Signal() = default;
   Signal(const Signal&) = delete;
   Signal& operator=(const Signal&) = delete;
 
   // Adds a handler; it stays connected until the returned connection ends.
   [[nodiscard]] ScopedConnection Connect(Handler handler) {
-    if (!state_) state_ = std::make_shared<State>();
-    State& state = *state_;
-    const size_t id = ++state.next_id;
-    if (state.first.id == 0 && state.more.empty()) {
-      // Most signals have one handler: it lives in the state itself.
-      state.first = Slot{id, true, std::move(handler)};
-    } else {
-      state.more.push_back(std::make_unique<Slot>(Slot{id, true, std::move(handler)}));
-    }
-    return ScopedConnection(state_, id, &State::Disconnect);
+    auto* node = new HandlerNode(std::move(handler));
+    core_.Append(node);
+    return ScopedConnection(node);
   }
 
   // Calls every connected handler with the arguments.
   void Emit(Args... args) const {
-    if (!state_) return;
-    auto state = state_;  // a handler may destroy the signal itself
-    // Ends the emission also when a handler throws, so that disconnected slots still go.
-    struct Emission {
-      State& state;
-      explicit Emission(State& s) : state(s) { ++state.emitting; }
-      ~Emission() {
-        if (--state.emitting == 0 && state.dead > 0) state.Compact();
+    signal_detail::Node* node = core_.Head();
+    if (node == nullptr) return;
+    // Handlers connected from now on are appended after this one and wait for the next time.
+    signal_detail::Node* const last = core_.Tail();
+    signal_detail::Emission emission;
+    core_.Enter(emission);
+    // Leaves the emission also when a handler throws, so that ended connections still go.
+    struct Leave {
+      signal_detail::Core& core;
+      signal_detail::Emission& emission;
+      ~Leave() {
+        if (!emission.signal_gone) core.Leave(emission);
       }
-    } emission(*state);
-    // The first slot is only filled while no emission runs, so it cannot be new here.
-    const size_t count = state->more.size();
-    if (state->first.alive) state->first.handler(args...);
-    for (size_t i = 0; i < count; ++i) {
-      // These slots live on the heap, so a handler connected meanwhile does not move this one.
-      Slot* slot = state->more[i].get();
-      if (slot->alive) slot->handler(args...);
+    } leave{core_, emission};
+    for (;;) {
+      if (node->alive) {
+        // A running node stays in the list (and on the heap) until its handler returns.
+        struct Running {
+          signal_detail::Node* node;
+          signal_detail::Emission& emission;
+          ~Running() {
+            --node->running;
+            if (emission.signal_gone) signal_detail::AfterOrphanedCall(node);
+          }
+        } running{node, emission};
+        ++node->running;
+        static_cast<HandlerNode*>(node)->handler(args...);
+      }
+      if (emission.signal_gone || node == last) return;
+      node = node->next;
     }
   }
 
-  bool HasHandlers() const {
-    return state_ &&
-           (state_->first.alive || std::any_of(state_->more.begin(), state_->more.end(),
-                                               [](const auto& slot) { return slot->alive; }));
-  }
+  bool HasHandlers() const { return core_.HasHandlers(); }
 
  private:
-  struct Slot {
-    size_t id = 0;  // 0: no handler
-    bool alive = false;
+  struct HandlerNode final : signal_detail::Node {
+    explicit HandlerNode(Handler h) : handler(std::move(h)) {}
     Handler handler;
   };
-  struct State {
-    Slot first;
-    std::vector<std::unique_ptr<Slot>> more;
-    size_t next_id = 0;
-    size_t dead = 0;
-    int emitting = 0;
-
-    void Compact() {
-      if (first.id != 0 && !first.alive) first = Slot{};
-      std::erase_if(more, [](const auto& slot) { return !slot->alive; });
-      dead = 0;
-    }
-
-    static void Disconnect(void* raw, size_t id) {
-      State& state = *static_cast<State*>(raw);
-      Slot* slot = nullptr;
-      if (state.first.id == id) {
-        slot = &state.first;
-      } else {
-        // Ids grow with every connection, so the slots are sorted by id.
-        auto found = std::lower_bound(
-            state.more.begin(), state.more.end(), id,
-            [](const std::unique_ptr<Slot>& entry, size_t wanted) { return entry->id < wanted; });
-        if (found != state.more.end() && (*found)->id == id) slot = found->get();
-      }
-      if (slot == nullptr || !slot->alive) return;
-      slot->alive = false;
-      ++state.dead;
-      // A slot that may be running is only marked; many connections end together (a form
-      // closing), so the list is compacted now and then rather than every time.
-      const size_t count = state.more.size() + (state.first.id != 0 ? 1 : 0);
-      if (state.emitting == 0 && state.dead * 2 > count) state.Compact();
-    }
-  };
-  std::shared_ptr<State> state_;
+  mutable signal_detail::Core core_;
 };
 
 }  // namespace zk

@@ -78,5 +78,37 @@ TEST(SignalTest, HandlersKeepConnectionOrderWhileConnectionsComeAndGo) {
   EXPECT_FALSE(changed.HasHandlers());
 }
 
+TEST(SignalTest, AHandlerMayDestroyTheSignalThatRunsIt) {
+  auto signal = std::make_unique<Signal<int>>();
+  std::vector<int> calls;
+  std::optional<ScopedConnection> own;
+  own = signal->Connect([&](int value) {
+    calls.push_back(value);
+    signal.reset();  // a handler closing the form that raised the event
+    own.reset();     // and ending its own connection after the signal went
+  });
+  ScopedConnection later = signal->Connect([&](int value) { calls.push_back(value * 10); });
+  signal->Emit(1);
+  EXPECT_EQ(calls, (std::vector<int>{1}));  // the emission ended with the signal
+  later.Disconnect();
+}
+
+TEST(SignalTest, EmissionsNestAndDeferTheEndOfConnections) {
+  Signal<int> changed;
+  std::string calls;
+  std::optional<ScopedConnection> second;
+  auto first = changed.Connect([&](int depth) {
+    calls += 'a' + static_cast<char>(depth);
+    if (depth == 0) {
+      changed.Emit(1);  // the same signal again, from inside its handler
+      second.reset();
+    }
+  });
+  second = changed.Connect([&](int depth) { calls += 'A' + static_cast<char>(depth); });
+  changed.Emit(0);
+  changed.Emit(2);
+  EXPECT_EQ(calls, "abBc");  // the outer call of `second` had ended before it came
+}
+
 }  // namespace
 }  // namespace zk
