@@ -30,7 +30,10 @@ class QtSurface::ControlWidget final : public QWidget {
   ControlWidget(QtSurface& surface, QWidget* parent) : QWidget(parent), surface_(surface) {
     setMouseTracking(true);
   }
-  ~ControlWidget() override { surface_.platform_.Windows().Destroyed(surface_.window_); }
+  ~ControlWidget() override {
+    surface_.widget_ = nullptr;
+    surface_.platform_.Windows().Destroyed(surface_.window_);
+  }
 
  protected:
   void paintEvent(QPaintEvent*) override {
@@ -145,7 +148,7 @@ QtSurface::QtSurface(QtPlatform& platform, FormExtender& extender, QWidget* form
 }
 
 QtSurface::~QtSurface() {
-  delete widget_.data();
+  delete widget_;
 }
 
 int QtSurface::BorderPixels() const {

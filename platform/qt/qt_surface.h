@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QPointer>
 #include <QRectF>
 #include <QWidget>
 #include <memory>
@@ -35,7 +34,7 @@ class QtSurface final : public ISurface {
   QtSurface(QtPlatform& platform, FormExtender& extender, QWidget* form, bool can_focus);
   ~QtSurface() override;
 
-  QWidget* Widget() const { return widget_.data(); }
+  QWidget* Widget() const { return widget_; }
   QtPlatform& Platform() const { return platform_; }
   // The inner area's origin inside the widget, in pixels (the border's width).
   int BorderPixels() const;
@@ -107,7 +106,8 @@ class QtSurface final : public ISurface {
 
   QtPlatform& platform_;
   FormExtender& extender_;
-  QPointer<QWidget> widget_;
+  // Cleared by the widget's destructor: a closing form may delete it before the surface.
+  QWidget* widget_ = nullptr;
   WindowHandle window_ = 0;
   OLE_COLOR back_color_ = 0x8000000F;
   int16_t border_style_ = 0;

@@ -38,14 +38,14 @@ QtWindowSystem::~QtWindowSystem() {
   }
 }
 
-WindowHandle QtWindowSystem::Register(QWidget* widget, std::u16string class_name, int32_t style,
-                                      Reporting reporting) {
+WindowHandle QtWindowSystem::Register(QWidget* widget, std::u16string_view class_name,
+                                      int32_t style, Reporting reporting) {
   const WindowHandle handle = next_handle_;
   next_handle_ += 4;
   Window window;
   window.widget = widget;
   window.key = widget;
-  window.class_name = std::move(class_name);
+  window.class_name = class_name;
   window.style = style;
   window.procedure = class_procedure_;
   if (reporting == Reporting::kWatched) {
@@ -70,6 +70,8 @@ bool QtWindowSystem::RouteWheel(WindowHandle window, const QWheelEvent& wheel) {
 void QtWindowSystem::Destroyed(WindowHandle window) {
   auto found = windows_.find(window);
   if (found == windows_.end()) return;
+  // A widget that is going is no longer one to use, also for the procedures told of it.
+  found->second.widget = nullptr;
   SendMessage(window, window_message::kDestroy, 0, 0);
   SendMessage(window, window_message::kNcDestroy, 0, 0);
   found = windows_.find(window);  // a procedure may have done anything meanwhile
@@ -81,7 +83,7 @@ void QtWindowSystem::Destroyed(WindowHandle window) {
 
 QWidget* QtWindowSystem::Widget(WindowHandle window) const {
   auto found = windows_.find(window);
-  return found == windows_.end() ? nullptr : found->second.widget.data();
+  return found == windows_.end() ? nullptr : found->second.widget;
 }
 
 WindowHandle QtWindowSystem::HandleOf(const QWidget* widget) const {

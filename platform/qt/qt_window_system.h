@@ -1,11 +1,11 @@
 #pragma once
 
 #include <QObject>
-#include <QPointer>
 #include <QWidget>
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/window_procedures.h"
@@ -28,8 +28,9 @@ class QtWindowSystem final : public IWindowSystem {
   // library calls RouteWheel() and Destroyed() itself, which spares an event filter and a
   // connection per widget; any other widget is watched for them.
   enum class Reporting { kWatched, kSelf };
-  // Gives the widget a handle (until it is destroyed) and its own procedure.
-  WindowHandle Register(QWidget* widget, std::u16string class_name, int32_t style = 0,
+  // Gives the widget a handle (until it is destroyed) and its own procedure. The class name
+  // must outlive the window (the library passes literals).
+  WindowHandle Register(QWidget* widget, std::u16string_view class_name, int32_t style = 0,
                         Reporting reporting = Reporting::kWatched);
   // A wheel event that Qt is about to give to the window's widget becomes the wheel message;
   // true when the widget must not handle it (no procedure passed it on).
@@ -60,9 +61,9 @@ class QtWindowSystem final : public IWindowSystem {
  private:
   class MessageRouter;
   struct Window {
-    QPointer<QWidget> widget;
-    const QObject* key = nullptr;  // the widget's address, valid for lookups while it goes
-    std::u16string class_name;
+    QWidget* widget = nullptr;       // null from the start of its destruction
+    const QObject* key = nullptr;    // the widget's address, valid for lookups while it goes
+    std::u16string_view class_name;  // a name the library spells out (a literal)
     int32_t style = 0;
     int32_t procedure = 0;
     QMetaObject::Connection destroyed;
