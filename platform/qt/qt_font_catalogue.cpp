@@ -57,6 +57,13 @@ FontDescription QtFontCatalogue::DefaultFont() const {
 }
 
 QFont QtFontCatalogue::ToQFont(const FontDescription& description) const {
+  // Every element paints with its font; most of them share one.
+  if (last_font_ && last_font_->first == description) return last_font_->second;
+  last_font_.emplace(description, MakeQFont(description));
+  return last_font_->second;
+}
+
+QFont QtFontCatalogue::MakeQFont(const FontDescription& description) const {
   QString family = ToQString(description.name);
   for (const Alias& alias : aliases_) {
     if (MemberNameEquals(alias.name, description.name)) family = alias.family;
@@ -74,7 +81,7 @@ QFont QtFontCatalogue::ToQFont(const FontDescription& description) const {
 
 const QFontMetrics& QtFontCatalogue::MetricsOf(const FontDescription& font) const {
   if (!cached_metrics_ || !(cached_description_ == font)) {
-    const QFont qfont = ToQFont(font);
+    const QFont qfont = MakeQFont(font);
     cached_metrics_.emplace(qfont);
     cached_metrics_f_.emplace(qfont);
     line_height_ = cached_metrics_->height();

@@ -5,6 +5,7 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/font_catalogue.h"
@@ -34,6 +35,7 @@ class QtFontCatalogue final : public IFontCatalogue {
   const QFontMetrics& MetricsOf(const FontDescription& font) const;
   TextExtent Measure(const FontDescription& font, std::u16string_view text,
                      int32_t wrap_width) const;
+  QFont MakeQFont(const FontDescription& font) const;
 
   struct Alias {
     std::u16string name;
@@ -55,6 +57,8 @@ class QtFontCatalogue final : public IFontCatalogue {
   };
   mutable std::vector<Measurement> recent_;
   mutable size_t next_slot_ = 0;
+  // The last font made for painting, with its description.
+  mutable std::optional<std::pair<FontDescription, QFont>> last_font_;
 };
 
 }  // namespace zk

@@ -26,11 +26,14 @@ void QtLabel::Paint(QPainter& painter, const QRectF& area) const {
   flags |= alignment_ == 1 ? Qt::AlignRight : alignment_ == 2 ? Qt::AlignHCenter : Qt::AlignLeft;
   if (word_wrap_) flags |= Qt::TextWordWrap;
   if (use_mnemonic_) flags |= Qt::TextShowMnemonic;
-  QString text = ToQString(caption_);
-  text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-  text.replace(QChar(u'\r'), QChar(u'\n'));
-  if (!use_mnemonic_) text.replace(QChar(u'&'), QStringLiteral("&&"));
-  painter.drawText(area, flags, text);
+  if (!painted_text_) {
+    QString text = ToQString(caption_);
+    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    text.replace(QChar(u'\r'), QChar(u'\n'));
+    if (!use_mnemonic_) text.replace(QChar(u'&'), QStringLiteral("&&"));
+    painted_text_ = std::move(text);
+  }
+  painter.drawText(area, flags, *painted_text_);
 }
 
 double QtLabel::Width() const {
@@ -60,6 +63,7 @@ void QtLabel::SetCaption(std::u16string_view caption) {
   if (caption != caption_) {
     caption_ = caption;
     fitted_ = false;
+    painted_text_.reset();
   }
   RefitLater();
   Changed();
@@ -100,6 +104,7 @@ void QtLabel::SetWordWrap(bool word_wrap) {
 }
 
 void QtLabel::SetUseMnemonic(bool use_mnemonic) {
+  if (use_mnemonic != use_mnemonic_) painted_text_.reset();
   use_mnemonic_ = use_mnemonic;
   fitted_ = false;
   RefitLater();
@@ -121,13 +126,15 @@ void QtLabel::FitToText() {
   }
   const double tpp_x = Surface().XToTwips(1);
   const double tpp_y = Surface().YToTwips(1);
-  const std::u16string shown = use_mnemonic_ ? StripMnemonics(caption_) : caption_;
   // A wrapping label keeps its width; at least one pixel, so that words still stack.
   const int32_t wrap_width =
       word_wrap_ ? std::max<int32_t>(1, static_cast<int32_t>(std::lround(Width() / tpp_x))) : 0;
-  if (measured_.wrap_width != wrap_width || measured_.text != shown || !(measured_.font == font_)) {
+  if (measured_.wrap_width != wrap_width || measured_.use_mnemonic != use_mnemonic_ ||
+      measured_.caption != caption_ || !(measured_.font == font_)) {
+    const std::u16string shown = use_mnemonic_ ? StripMnemonics(caption_) : caption_;
     measured_.extent = Surface().Platform().Fonts().MeasureText(font_, shown, wrap_width);
-    measured_.text = shown;
+    measured_.caption = caption_;
+    measured_.use_mnemonic = use_mnemonic_;
     measured_.font = font_;
     measured_.wrap_width = wrap_width;
   }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+#include <optional>
 #include <string>
 
 #include "platform/elements.h"
@@ -58,7 +60,8 @@ class QtLabel final : public QtPaintedBase<ILabelElement> {
   bool auto_size_ = false;
   // The last measurement: layouts ask for the same text again and again.
   struct Measured {
-    std::u16string text;
+    std::u16string caption;
+    bool use_mnemonic = false;
     FontDescription font;
     int32_t wrap_width = -1;
     TextExtent extent;
@@ -68,6 +71,8 @@ class QtLabel final : public QtPaintedBase<ILabelElement> {
   bool fitted_ = false;
   // True while the size waits for a fit that RefitLater asked for.
   bool size_stale_ = false;
+  // The caption as Qt draws it, made at the first paint after it changed.
+  mutable std::optional<QString> painted_text_;
   double fitted_width_ = 0;
   double fitted_height_ = 0;
 };
