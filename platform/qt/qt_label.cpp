@@ -62,8 +62,7 @@ void QtLabel::SetCaption(std::u16string_view caption) {
   // Layouts write the same caption again to refresh the label; its last fit still holds.
   if (caption != caption_) {
     caption_ = caption;
-    fitted_ = false;
-    painted_text_.reset();
+    TextChanged();
   }
   RefitLater();
   Changed();
@@ -90,10 +89,19 @@ void QtLabel::SetBackStyle(int16_t style) {
 }
 
 void QtLabel::SetFont(const FontDescription& font) {
-  font_ = font;
-  fitted_ = false;
+  if (!(font == font_)) {
+    font_ = font;
+    ++font_version_;
+    fitted_ = false;
+  }
   RefitLater();
   Changed();
+}
+
+void QtLabel::TextChanged() {
+  ++text_version_;
+  fitted_ = false;
+  painted_text_.reset();
 }
 
 void QtLabel::SetWordWrap(bool word_wrap) {
@@ -104,9 +112,10 @@ void QtLabel::SetWordWrap(bool word_wrap) {
 }
 
 void QtLabel::SetUseMnemonic(bool use_mnemonic) {
-  if (use_mnemonic != use_mnemonic_) painted_text_.reset();
-  use_mnemonic_ = use_mnemonic;
-  fitted_ = false;
+  if (use_mnemonic != use_mnemonic_) {
+    use_mnemonic_ = use_mnemonic;
+    TextChanged();
+  }
   RefitLater();
   Changed();
 }
@@ -129,13 +138,12 @@ void QtLabel::FitToText() {
   // A wrapping label keeps its width; at least one pixel, so that words still stack.
   const int32_t wrap_width =
       word_wrap_ ? std::max<int32_t>(1, static_cast<int32_t>(std::lround(Width() / tpp_x))) : 0;
-  if (measured_.wrap_width != wrap_width || measured_.use_mnemonic != use_mnemonic_ ||
-      measured_.caption != caption_ || !(measured_.font == font_)) {
+  if (measured_.wrap_width != wrap_width || measured_.text_version != text_version_ ||
+      measured_.font_version != font_version_) {
     const std::u16string shown = use_mnemonic_ ? StripMnemonics(caption_) : caption_;
     measured_.extent = Surface().Platform().Fonts().MeasureText(font_, shown, wrap_width);
-    measured_.caption = caption_;
-    measured_.use_mnemonic = use_mnemonic_;
-    measured_.font = font_;
+    measured_.text_version = text_version_;
+    measured_.font_version = font_version_;
     measured_.wrap_width = wrap_width;
   }
   const TextExtent extent = measured_.extent;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -48,6 +49,8 @@ class QtLabel final : public QtPaintedBase<ILabelElement> {
   void RefitLater() { size_stale_ = auto_size_; }
   void EnsureFitted() const;
   void FitToText();
+  // The caption or the mnemonic rule changed what is shown.
+  void TextChanged();
 
   std::u16string caption_;
   int16_t alignment_ = 0;
@@ -59,10 +62,13 @@ class QtLabel final : public QtPaintedBase<ILabelElement> {
   bool use_mnemonic_ = true;
   bool auto_size_ = false;
   // The last measurement: layouts ask for the same text again and again.
+  // The shown text and the font change their version with every change, so that the last
+  // measurement is recognised without keeping copies of them.
+  uint32_t text_version_ = 0;
+  uint32_t font_version_ = 0;
   struct Measured {
-    std::u16string caption;
-    bool use_mnemonic = false;
-    FontDescription font;
+    uint32_t text_version = UINT32_MAX;
+    uint32_t font_version = UINT32_MAX;
     int32_t wrap_width = -1;
     TextExtent extent;
   };
