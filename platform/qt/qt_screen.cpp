@@ -43,18 +43,42 @@ Qt::CursorShape ShapeOf(int16_t pointer) {
 
 }  // namespace
 
-QtScreen::QtScreen(PlatformRecorder& recorder) : recorder_(recorder) {}
+QtScreen::QtScreen(PlatformRecorder& recorder) : recorder_(recorder) {
+  primary_changed_ = QObject::connect(qGuiApp, &QGuiApplication::primaryScreenChanged,
+                                      [this](QScreen*) { ForgetScale(); });
+}
+
+QtScreen::~QtScreen() {
+  QObject::disconnect(primary_changed_);
+  QObject::disconnect(resolution_changed_);
+}
+
+void QtScreen::ReadScale() const {
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  scale_x_ = TwipsPerPixelOf(screen ? screen->logicalDotsPerInchX() : 96.0);
+  scale_y_ = TwipsPerPixelOf(screen ? screen->logicalDotsPerInchY() : 96.0);
+  if (screen != nullptr) {
+    resolution_changed_ = QObject::connect(screen, &QScreen::logicalDotsPerInchChanged,
+                                           [this](qreal) { ForgetScale(); });
+  }
+}
+
+void QtScreen::ForgetScale() const {
+  scale_x_ = 0;
+  scale_y_ = 0;
+  QObject::disconnect(resolution_changed_);
+}
 
 double QtScreen::TwipsPerPixelX() const {
   if (override_ > 0) return override_;
-  const QScreen* screen = QGuiApplication::primaryScreen();
-  return TwipsPerPixelOf(screen ? screen->logicalDotsPerInchX() : 96.0);
+  if (scale_x_ == 0) ReadScale();
+  return scale_x_;
 }
 
 double QtScreen::TwipsPerPixelY() const {
   if (override_ > 0) return override_;
-  const QScreen* screen = QGuiApplication::primaryScreen();
-  return TwipsPerPixelOf(screen ? screen->logicalDotsPerInchY() : 96.0);
+  if (scale_y_ == 0) ReadScale();
+  return scale_y_;
 }
 
 void QtScreen::SetMousePointer(int16_t shape) {

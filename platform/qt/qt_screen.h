@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QMetaObject>
+
 #include "platform/platform_recorder.h"
 #include "platform/screen.h"
 
@@ -10,6 +12,9 @@ namespace zk {
 class QtScreen final : public IScreen {
  public:
   explicit QtScreen(PlatformRecorder& recorder);
+  ~QtScreen() override;
+  QtScreen(const QtScreen&) = delete;
+  QtScreen& operator=(const QtScreen&) = delete;
 
   double TwipsPerPixelX() const override;
   double TwipsPerPixelY() const override;
@@ -24,8 +29,17 @@ class QtScreen final : public IScreen {
   void Beep() override;
 
  private:
+  // Every layout and paint asks for the scale: it is read once, and again after the primary
+  // screen or its resolution changed.
+  void ReadScale() const;
+  void ForgetScale() const;
+
   PlatformRecorder& recorder_;
   double override_ = 0;
+  mutable double scale_x_ = 0;  // 0 until read
+  mutable double scale_y_ = 0;
+  QMetaObject::Connection primary_changed_;
+  mutable QMetaObject::Connection resolution_changed_;
   int16_t mouse_pointer_ = 0;
   bool cursor_overridden_ = false;
 };
