@@ -1,11 +1,24 @@
 #include "foundation/text_encoding.h"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace zk {
 namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
+
+constexpr std::string_view kBase64Digits =
+    "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+
+int Base64Value(char c) {
+  if (c >= 'A' && c <= 'Z') return c - 'A';
+  if (c >= 'a' && c <= 'z') return c - 'a' + 26;
+  if (c >= '0' && c <= '9') return c - '0' + 52;
+  if (c == '+') return 62;
+  if (c == '/') return 63;
+  return -1;
+}
 
 void AppendUtf16(std::u16string& out, char32_t cp) {
   if (cp >= 0x10000) {
@@ -101,6 +114,46 @@ std::string Utf16ToUtf8(std::u16string_view text) {
       cp = kReplacement;
     }
     AppendUtf8(out, cp);
+  }
+  return out;
+}
+
+std::string Base64Encode(std::span<const uint8_t> bytes) {
+  std::string out;
+  out.reserve((bytes.size() + 2) / 3 * 4);
+  for (size_t i = 0; i < bytes.size(); i += 3) {
+    const size_t count = std::min<size_t>(3, bytes.size() - i);
+    uint32_t group = uint32_t{bytes[i]} << 16;
+    if (count > 1) group |= uint32_t{bytes[i + 1]} << 8;
+    if (count > 2) group |= bytes[i + 2];
+    for (size_t k = 0; k < 4; ++k) {
+      out.push_back(k <= count ? kBase64Digits[(group >> (18 - 6 * k)) & 0x3F] : '=');
+    }
+  }
+  return out;
+}
+
+std::optional<std::vector<uint8_t>> Base64Decode(std::string_view text) {
+  if (text.size() % 4 != 0) return std::nullopt;
+  std::vector<uint8_t> out;
+  out.reserve(text.size() / 4 * 3);
+  for (size_t i = 0; i < text.size(); i += 4) {
+    const bool last = i + 4 == text.size();
+    // Padding only ends the text: "x===" and "xx=y" are not Base64.
+    const size_t padding = !last ? 0 : text[i + 3] != '=' ? 0 : text[i + 2] != '=' ? 1 : 2;
+    uint32_t group = 0;
+    for (size_t k = 0; k < 4; ++k) {
+      if (k >= 4 - padding) {
+        group <<= 6;
+        continue;
+      }
+      const int value = Base64Value(text[i + k]);
+      if (value < 0) return std::nullopt;
+      group = (group << 6) | static_cast<uint32_t>(value);
+    }
+    out.push_back(static_cast<uint8_t>(group >> 16));
+    if (padding < 2) out.push_back(static_cast<uint8_t>(group >> 8));
+    if (padding < 1) out.push_back(static_cast<uint8_t>(group));
   }
   return out;
 }

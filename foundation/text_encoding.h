@@ -1,7 +1,11 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zk {
 
@@ -9,5 +13,10 @@ namespace zk {
 // Invalid sequences become U+FFFD instead of failing.
 std::u16string Utf8ToUtf16(std::string_view text);
 std::string Utf16ToUtf8(std::u16string_view text);
+
+// Base64 with padding (RFC 4648), for binary data inside text files; decoding gives nothing for
+// text that is not Base64 (blanks included).
+std::string Base64Encode(std::span<const uint8_t> bytes);
+std::optional<std::vector<uint8_t>> Base64Decode(std::string_view text);
 
 }  // namespace zk

@@ -183,7 +183,7 @@ std::string Form::SaveText() {
 }
 
 void Form::LoadText(std::string_view text) {
-  FormFile file = ReadFormFile(text, platform_.FontCatalogue());
+  FormFile file = ReadFormFile(text, platform_.FontCatalogue(), platform_.Pictures());
   // Everything is checked before the current controls go, so a bad file loses nothing.
   for (size_t i = 0; i < file.controls.size(); ++i) {
     const FormFileControl& entry = file.controls[i];

@@ -1,13 +1,17 @@
 #include "hosting/form_file.h"
 
 #include <array>
+#include <climits>
+#include <cstdint>
 #include <cstdio>
+#include <optional>
 #include <string>
 
 #include "foundation/dispatch_object.h"
 #include "foundation/string_utils.h"
 #include "foundation/text_encoding.h"
 #include "foundation/zk_error.h"
+#include "platform/picture.h"
 #include "platform/std_font.h"
 
 namespace zk {
@@ -67,6 +71,17 @@ std::u16string BoolText(bool value) {
   return value ? u"True" : u"False";
 }
 
+// Pixels as bytes, each 0xAARRGGBB value least significant byte first.
+std::vector<uint8_t> PixelBytes(const std::vector<uint32_t>& pixels) {
+  std::vector<uint8_t> bytes;
+  bytes.reserve(pixels.size() * 4);
+  for (const uint32_t pixel : pixels) {
+    for (int shift = 0; shift < 32; shift += 8)
+      bytes.push_back(static_cast<uint8_t>(pixel >> shift));
+  }
+  return bytes;
+}
+
 std::u16string ValueText(const Variant& value) {
   switch (value.type()) {
     case Variant::Type::kBoolean:
@@ -85,6 +100,11 @@ std::u16string ValueText(const Variant& value) {
                BoolText(font->Underline()) + u", " + BoolText(font->Strikethrough()) + u", " +
                NumberText(font->Charset()) + u")";
       }
+      if (auto picture = std::dynamic_pointer_cast<Picture>(value.ToObject())) {
+        return u"Picture(" + NumberText(picture->WidthPixels()) + u", " +
+               NumberText(picture->HeightPixels()) + u", " +
+               QuoteText(Utf8ToUtf16(Base64Encode(PixelBytes(picture->Pixels())))) + u")";
+      }
       break;
   }
   return u"Nothing";
@@ -93,8 +113,9 @@ std::u16string ValueText(const Variant& value) {
 // Reads one value at `pos` of a line; throws std::invalid_argument with a reason.
 class ValueReader {
  public:
-  ValueReader(std::u16string_view text, std::shared_ptr<const IFontCatalogue> fonts)
-      : text_(text), fonts_(std::move(fonts)) {}
+  ValueReader(std::u16string_view text, std::shared_ptr<const IFontCatalogue> fonts,
+              IPictureLoader& pictures)
+      : text_(text), fonts_(std::move(fonts)), pictures_(pictures) {}
 
   Variant ReadWhole() {
     Variant value = Read();
@@ -128,6 +149,7 @@ class ValueReader {
     if (Consume(u"False")) return Variant(false);
     if (Consume(u"Empty")) return Variant();
     if (Consume(u"Font(")) return ReadFont();
+    if (Consume(u"Picture(")) return ReadPicture();
     return Variant(ReadNumber());
   }
 
@@ -216,6 +238,33 @@ class ValueReader {
     return Variant(font);
   }
 
+  Variant ReadPicture() {
+    const double width = ReadNumber();
+    Expect(u",");
+    const double height = ReadNumber();
+    Expect(u",");
+    SkipBlanks();
+    if (pos_ >= text_.size() || text_[pos_] != u'"') throw std::invalid_argument("picture pixels");
+    const std::optional<std::vector<uint8_t>> bytes = Base64Decode(Utf16ToUtf8(ReadText()));
+    Expect(u")");
+    if (!bytes || bytes->size() % 4 != 0) throw std::invalid_argument("picture pixels");
+    if (!(width >= 1 && width <= INT32_MAX && height >= 1 && height <= INT32_MAX)) {
+      throw std::invalid_argument("picture size");
+    }
+    std::vector<uint32_t> pixels(bytes->size() / 4);
+    for (size_t i = 0; i < pixels.size(); ++i) {
+      const uint8_t* b = bytes->data() + 4 * i;
+      pixels[i] =
+          uint32_t{b[0]} | (uint32_t{b[1]} << 8) | (uint32_t{b[2]} << 16) | (uint32_t{b[3]} << 24);
+    }
+    try {
+      return Variant(pictures_.MakePicture(static_cast<int32_t>(width),
+                                           static_cast<int32_t>(height), std::move(pixels)));
+    } catch (const ZKError&) {
+      throw std::invalid_argument("pixels that do not fill the picture");
+    }
+  }
+
   bool ReadBool() {
     if (Consume(u"True")) return true;
     if (Consume(u"False")) return false;
@@ -224,6 +273,7 @@ class ValueReader {
 
   std::u16string_view text_;
   std::shared_ptr<const IFontCatalogue> fonts_;
+  IPictureLoader& pictures_;
   size_t pos_ = 0;
 };
 
@@ -262,7 +312,8 @@ std::string WriteFormFile(const FormFile& form) {
   return Utf16ToUtf8(out);
 }
 
-FormFile ReadFormFile(std::string_view text, std::shared_ptr<const IFontCatalogue> fonts) {
+FormFile ReadFormFile(std::string_view text, std::shared_ptr<const IFontCatalogue> fonts,
+                      IPictureLoader& pictures) {
   const std::u16string all = Utf8ToUtf16(text);
   FormFile form;
   FormFileControl* current = nullptr;
@@ -299,7 +350,7 @@ FormFile ReadFormFile(std::string_view text, std::shared_ptr<const IFontCatalogu
       const std::u16string key(Trim(line.substr(0, equals)));
       Variant value;
       try {
-        value = ValueReader(line.substr(equals + 1), fonts).ReadWhole();
+        value = ValueReader(line.substr(equals + 1), fonts, pictures).ReadWhole();
       } catch (const std::invalid_argument& error) {
         Fail(line_number, error.what());
       } catch (const ZKError& error) {

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "foundation/low_level_utils.h"
+#include "foundation/zk_error.h"
 
 namespace zk {
 namespace {
@@ -24,6 +25,19 @@ Variant Picture::GetProperty(std::u16string_view name, std::span<const Variant> 
     if (MemberNameEquals(name, u"Height")) return Variant(PixelsToHiMetric(height_px_));
   }
   return DispatchObject::GetProperty(name, index);
+}
+
+PictureRef IPictureLoader::MakePicture(int32_t width_px, int32_t height_px,
+                                       std::vector<uint32_t> pixels) {
+  // A picture of a screen's size and then some; anything larger is not one the library made.
+  constexpr int64_t kLargestSide = 32768;
+  const bool size_ok =
+      width_px > 0 && height_px > 0 && width_px <= kLargestSide && height_px <= kLargestSide;
+  if (!size_ok || (!pixels.empty() && pixels.size() != static_cast<size_t>(width_px) *
+                                                           static_cast<size_t>(height_px))) {
+    throw ZKError(error_number::kInvalidPicture, u"Invalid picture");
+  }
+  return std::make_shared<Picture>(NewHandle(), width_px, height_px, std::move(pixels));
 }
 
 }  // namespace zk

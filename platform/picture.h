@@ -41,6 +41,15 @@ class IPictureLoader {
   virtual ~IPictureLoader() = default;
   // Throws ZKError 53 for a file that cannot be read and 481 for one that is not an image.
   virtual PictureRef LoadPicture(const std::u16string& path) = 0;
+  // A picture made from a size and its pixels as Pixels() gives them (none from a platform
+  // that keeps no pixels), with a handle of this loader: how a saved picture comes back.
+  // Throws ZKError 481 for a size that is not positive or too large, or pixels that do not
+  // fill it.
+  PictureRef MakePicture(int32_t width_px, int32_t height_px, std::vector<uint32_t> pixels);
+
+ protected:
+  // The handle of the next picture.
+  virtual int32_t NewHandle() = 0;
 };
 
 }  // namespace zk

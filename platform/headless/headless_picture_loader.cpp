@@ -61,7 +61,7 @@ PictureRef HeadlessPictureLoader::LoadPicture(const std::u16string& path) {
       size->height > INT32_MAX) {
     throw ZKError(error_number::kInvalidPicture, u"Invalid picture");
   }
-  return std::make_shared<Picture>(next_handle_++, static_cast<int32_t>(size->width),
+  return std::make_shared<Picture>(NewHandle(), static_cast<int32_t>(size->width),
                                    static_cast<int32_t>(size->height));
 }
 

@@ -11,6 +11,8 @@ class HeadlessPictureLoader final : public IPictureLoader {
   PictureRef LoadPicture(const std::u16string& path) override;
 
  private:
+  int32_t NewHandle() override { return next_handle_++; }
+
   int32_t next_handle_ = 1001;
 };
 

@@ -159,5 +159,21 @@ TEST_F(ImageButtonTest, PropertyBagKeepsThePicturesRightAfterValue) {
   EXPECT_EQ(copy.PictureElement().Top(), (495 - 300 - 90) / 2.0);
 }
 
+TEST_F(ImageButtonTest, AFormFileKeepsThePicturesAndTheirPixels) {
+  std::vector<uint32_t> pixels(20 * 20, 0xFF00FF00);
+  pixels[21] = 0x80123456;
+  button_.SetPicture(platform_.Pictures().MakePicture(20, 20, pixels));
+  button_.SetPictureSelected(tall_);  // a picture of a platform that keeps no pixels
+  form_.LoadText(form_.SaveText());
+  auto* loaded = dynamic_cast<ZKImgButton*>(form_.FindControl(u"I"));
+  ASSERT_NE(loaded, nullptr);
+  ASSERT_TRUE(loaded->Picture());
+  EXPECT_EQ(loaded->Picture()->Pixels(), pixels);
+  ASSERT_TRUE(loaded->PictureSelected());
+  EXPECT_EQ(loaded->PictureSelected()->HeightPixels(), 32);
+  EXPECT_NE(loaded->PictureSelected()->Handle(), 0);  // a picture, placed like the first one
+  EXPECT_EQ(loaded->PictureElement().Top(), (495 - 300 - 90) / 2.0);
+}
+
 }  // namespace
 }  // namespace zk
