@@ -6,6 +6,7 @@
 #include <QToolTip>
 #include <cmath>
 
+#include "platform/qt/qt_border.h"
 #include "platform/qt/qt_colors.h"
 #include "platform/qt/qt_image.h"
 #include "platform/qt/qt_input.h"
@@ -47,27 +48,7 @@ class QtSurface::ControlWidget final : public QWidget {
       painted->Paint(painter, area);
       painter.restore();
     }
-    if (surface_.border_style_ != 0) PaintBorder(painter, colors);
-  }
-  void PaintBorder(QPainter& painter, const QPalette& colors) {
-    const QRect outer = rect().adjusted(0, 0, -1, -1);
-    if (surface_.appearance_ == 0) {
-      painter.setPen(Qt::black);
-      painter.drawRect(outer);
-      return;
-    }
-    // A sunken edge: shadow above and left, light below and right, twice.
-    auto edge = [&](const QRect& r, const QColor& top_left, const QColor& bottom_right) {
-      painter.setPen(top_left);
-      painter.drawLine(r.topLeft(), r.topRight());
-      painter.drawLine(r.topLeft(), r.bottomLeft());
-      painter.setPen(bottom_right);
-      painter.drawLine(r.bottomLeft(), r.bottomRight());
-      painter.drawLine(r.topRight(), r.bottomRight());
-    };
-    edge(outer, colors.color(QPalette::Dark), colors.color(QPalette::Light));
-    edge(outer.adjusted(1, 1, -1, -1), colors.color(QPalette::Shadow),
-         colors.color(QPalette::Midlight));
+    PaintBorder(painter, rect(), colors, surface_.border_style_, surface_.appearance_);
   }
   void Mouse(MouseAction action, QMouseEvent* event) {
     const int border = surface_.BorderPixels();
@@ -152,7 +133,7 @@ QtSurface::~QtSurface() {
 }
 
 int QtSurface::BorderPixels() const {
-  return border_style_ == 0 ? 0 : (appearance_ == 1 ? 2 : 1);
+  return zk::BorderPixels(border_style_, appearance_);
 }
 
 QPointF QtSurface::ToPixels(double x, double y) const {

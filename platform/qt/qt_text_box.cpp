@@ -4,12 +4,14 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPlainTextEdit>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <cmath>
 #include <type_traits>
 
+#include "platform/qt/qt_border.h"
 #include "platform/qt/qt_colors.h"
 #include "platform/qt/qt_input.h"
 #include "platform/qt/qt_platform.h"
@@ -42,6 +44,8 @@ class QtTextBox::Editor {
   virtual QWidget* Widget() = 0;
   virtual void BaseKeyPress(QKeyEvent* event) = 0;
   virtual void InsertTyped(const QString& text) = 0;
+  // The classic border, drawn by the editor itself in place of Qt's frame.
+  virtual void SetBorder(int16_t style, int16_t appearance) = 0;
 
  protected:
   // True when the editor's own handling of the event should follow.
@@ -131,8 +135,30 @@ class QtTextBox::EditorWidget final : public QtEditor, public QtTextBox::Editor 
       this->insert(text);
     }
   }
+  void SetBorder(int16_t style, int16_t appearance) override {
+    border_style_ = style;
+    appearance_ = appearance;
+    const int pixels = BorderPixels(style, appearance);
+    if constexpr (std::is_same_v<QtEditor, QPlainTextEdit>) {
+      this->setFrameStyle(QFrame::NoFrame);
+      this->setViewportMargins(pixels, pixels, pixels, pixels);
+    } else {
+      this->setFrame(false);
+      this->setContentsMargins(pixels, pixels, pixels, pixels);
+    }
+    this->update();
+  }
 
  protected:
+  bool event(QEvent* event) override {
+    const bool handled = QtEditor::event(event);
+    // The border goes over what the editor painted, in the margins left for it.
+    if (event->type() == QEvent::Paint && border_style_ != 0) {
+      QPainter painter(this);
+      PaintBorder(painter, this->rect(), this->palette(), border_style_, appearance_);
+    }
+    return handled;
+  }
   void keyPressEvent(QKeyEvent* event) override { KeyPress(event); }
   void keyReleaseEvent(QKeyEvent* event) override {
     KeyRelease(event);
@@ -162,6 +188,10 @@ class QtTextBox::EditorWidget final : public QtEditor, public QtTextBox::Editor 
     QtEditor::focusOutEvent(event);
     box_.surface_.ChildFocus(false);
   }
+
+ private:
+  int16_t border_style_ = 0;
+  int16_t appearance_ = 0;
 };
 
 QtTextBox::QtTextBox(QtSurface& surface, bool multi_line)
@@ -192,6 +222,7 @@ QtTextBox::QtTextBox(QtSurface& surface, bool multi_line)
       });
   SetFont(font_);
   ApplyColours();
+  editor_->SetBorder(border_style_, appearance_);
   if (parent != nullptr && parent->isVisible()) widget_->show();
 }
 
@@ -417,13 +448,12 @@ void QtTextBox::SetFont(const FontDescription& font) {
 
 void QtTextBox::SetBorderStyle(int16_t style) {
   border_style_ = style;
-  if (!widget_) return;
-  if (multi_line_) {
-    static_cast<QPlainTextEdit*>(widget_.data())
-        ->setFrameStyle(style == 0 ? QFrame::NoFrame : QFrame::StyledPanel | QFrame::Sunken);
-  } else {
-    static_cast<QLineEdit*>(widget_.data())->setFrame(style != 0);
-  }
+  if (widget_) editor_->SetBorder(border_style_, appearance_);
+}
+
+void QtTextBox::SetAppearance(int16_t appearance) {
+  appearance_ = appearance;
+  if (widget_) editor_->SetBorder(border_style_, appearance_);
 }
 
 void QtTextBox::Undo() {

@@ -63,7 +63,7 @@ class QtTextBox final : public ITextBoxElement {
   FontDescription Font() const override { return font_; }
   void SetFont(const FontDescription& font) override;
   int16_t Appearance() const override { return appearance_; }
-  void SetAppearance(int16_t appearance) override { appearance_ = appearance; }
+  void SetAppearance(int16_t appearance) override;
   int16_t BorderStyle() const override { return border_style_; }
   void SetBorderStyle(int16_t style) override;
   bool HideSelection() const override { return true; }

@@ -69,5 +69,42 @@ TEST_F(QtTextBoxTest, MultiLineTextsCountLineBreaksAsCrLf) {
   EXPECT_EQ(box->Text(), u"ab!\r\n?");
 }
 
+TEST_F(QtTextBoxTest, BothEditorsDrawTheClassicBorders) {
+  for (const bool multi_line : {false, true}) {
+    auto box = MakeBox(multi_line);
+    box->SetBackColor(0xFFFFFF);
+    QWidget* widget = platform_.Windows().Widget(box->hWnd());
+    const QPalette& colors = widget->palette();
+    const QRgb white = qRgb(255, 255, 255);
+    struct Row {
+      int16_t style;
+      int16_t appearance;
+      QRgb outer_top_left, inner_top_left, outer_bottom_right, inner_bottom_right;
+    };
+    const Row rows[] = {
+        {0, 1, white, white, white, white},
+        {1, 0, qRgb(0, 0, 0), white, qRgb(0, 0, 0), white},
+        {1, 1, colors.color(QPalette::Dark).rgb(), colors.color(QPalette::Shadow).rgb(),
+         colors.color(QPalette::Light).rgb(), colors.color(QPalette::Midlight).rgb()},
+    };
+    for (const Row& row : rows) {
+      SCOPED_TRACE(testing::Message() << "multi-line " << multi_line << ", border " << row.style
+                                      << ", appearance " << row.appearance);
+      box->SetBorderStyle(row.style);
+      box->SetAppearance(row.appearance);
+      const QImage image = widget->grab().toImage();
+      const int right = image.width() - 1;
+      const int bottom = image.height() - 1;
+      EXPECT_EQ(image.pixel(0, 0), row.outer_top_left);
+      EXPECT_EQ(image.pixel(1, 1), row.inner_top_left);
+      EXPECT_EQ(image.pixel(right, bottom), row.outer_bottom_right);
+      EXPECT_EQ(image.pixel(right - 1, bottom - 1), row.inner_bottom_right);
+      EXPECT_EQ(image.pixel(right / 2, bottom - 2), white);  // the editor's own background
+    }
+    box.reset();
+    form_.RemoveAll();
+  }
+}
+
 }  // namespace
 }  // namespace zk
