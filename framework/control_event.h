@@ -45,4 +45,12 @@ class ControlEvent {
   Signal<Args...> signal_;
 };
 
+// Connects a platform signal straight to an event of the control: every emission raises the
+// event with the signal's arguments (references stay references).
+template <typename... SignalArgs, typename... EventArgs>
+[[nodiscard]] ScopedConnection ForwardTo(Signal<SignalArgs...>& from,
+                                         ControlEvent<EventArgs...>& to) {
+  return from.Connect([&to](SignalArgs... args) { to.Raise(args...); });
+}
+
 }  // namespace zk

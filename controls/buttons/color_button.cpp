@@ -71,27 +71,21 @@ void ZKColorButton::ConnectInput() {
   ISurface& surface = Surface();
   connections_.push_back(surface.Resized().Connect([this] { Resize(); }));
   connections_.push_back(surface.Click().Connect([this] { Clicked(); }));
-  connections_.push_back(surface.DblClick().Connect([this] { DblClick.Raise(); }));
+  connections_.push_back(ForwardTo(surface.DblClick(), DblClick));
   connections_.push_back(
       surface.MouseDown().Connect([this](int16_t button, int16_t shift, float x, float y) {
         Press();
         MouseDown.Raise(button, shift, x, y);
       }));
-  connections_.push_back(
-      surface.MouseMove().Connect([this](int16_t button, int16_t shift, float x, float y) {
-        MouseMove.Raise(button, shift, x, y);
-      }));
+  connections_.push_back(ForwardTo(surface.MouseMove(), MouseMove));
   connections_.push_back(
       surface.MouseUp().Connect([this](int16_t button, int16_t shift, float x, float y) {
         Release();
         MouseUp.Raise(button, shift, x, y);
       }));
-  connections_.push_back(surface.KeyDown().Connect(
-      [this](int16_t& key_code, int16_t& shift) { KeyDown.Raise(key_code, shift); }));
-  connections_.push_back(
-      surface.KeyPress().Connect([this](int16_t& key_ascii) { KeyPress.Raise(key_ascii); }));
-  connections_.push_back(surface.KeyUp().Connect(
-      [this](int16_t& key_code, int16_t& shift) { KeyUp.Raise(key_code, shift); }));
+  connections_.push_back(ForwardTo(surface.KeyDown(), KeyDown));
+  connections_.push_back(ForwardTo(surface.KeyPress(), KeyPress));
+  connections_.push_back(ForwardTo(surface.KeyUp(), KeyUp));
   // The host sends Enter to its default button and Escape to its cancel button.
   connections_.push_back(surface.AccessKeyPress().Connect([this](int16_t key) {
     if (key == 13 || key == 27) Clicked();
@@ -107,7 +101,7 @@ void ZKColorButton::HandleMouseOf(IElement& element) {
     y += static_cast<float>(element.Top());
   };
   connections_.push_back(element.Click().Connect([this] { Clicked(); }));
-  connections_.push_back(element.DblClick().Connect([this] { DblClick.Raise(); }));
+  connections_.push_back(ForwardTo(element.DblClick(), DblClick));
   connections_.push_back(
       element.MouseDown().Connect([this, shifted](int16_t button, int16_t shift, float x, float y) {
         shifted(x, y);

@@ -59,25 +59,16 @@ ZKLabel::~ZKLabel() = default;
 void ZKLabel::ConnectInput() {
   ISurface& surface = Surface();
   ILabelElement& label = *lbl_label_;
-  // Handlers capture only `this`, so that none of them needs a heap block of its own.
+  // Handlers capture one pointer, so that none of them needs a heap block of its own.
   connections_.reserve(11);
   connections_.push_back(surface.Resized().Connect([this] { Layout(); }));
-  connections_.push_back(surface.Click().Connect([this] { Click.Raise(); }));
-  connections_.push_back(surface.DblClick().Connect([this] { DblClick.Raise(); }));
-  connections_.push_back(label.Click().Connect([this] { Click.Raise(); }));
-  connections_.push_back(label.DblClick().Connect([this] { DblClick.Raise(); }));
-  connections_.push_back(
-      surface.MouseDown().Connect([this](int16_t button, int16_t shift, float x, float y) {
-        MouseDown.Raise(button, shift, x, y);
-      }));
-  connections_.push_back(
-      surface.MouseMove().Connect([this](int16_t button, int16_t shift, float x, float y) {
-        MouseMove.Raise(button, shift, x, y);
-      }));
-  connections_.push_back(
-      surface.MouseUp().Connect([this](int16_t button, int16_t shift, float x, float y) {
-        MouseUp.Raise(button, shift, x, y);
-      }));
+  connections_.push_back(ForwardTo(surface.Click(), Click));
+  connections_.push_back(ForwardTo(surface.DblClick(), DblClick));
+  connections_.push_back(ForwardTo(label.Click(), Click));
+  connections_.push_back(ForwardTo(label.DblClick(), DblClick));
+  connections_.push_back(ForwardTo(surface.MouseDown(), MouseDown));
+  connections_.push_back(ForwardTo(surface.MouseMove(), MouseMove));
+  connections_.push_back(ForwardTo(surface.MouseUp(), MouseUp));
   connections_.push_back(
       label.MouseDown().Connect([this](int16_t button, int16_t shift, float x, float y) {
         RaiseFromText(MouseDown, button, shift, x, y);

@@ -24,15 +24,9 @@ ZKLed::ZKLed(IControlSite& site) : ZKControl(site), shp_led_(Surface().CreateSha
   Layout();
   ISurface& surface = Surface();
   connections_.push_back(surface.Resized().Connect([this] { Layout(); }));
-  connections_.push_back(surface.Click().Connect([this] { Click.Raise(); }));
-  connections_.push_back(
-      surface.MouseDown().Connect([this](int16_t button, int16_t shift, float x, float y) {
-        MouseDown.Raise(button, shift, x, y);
-      }));
-  connections_.push_back(
-      surface.MouseUp().Connect([this](int16_t button, int16_t shift, float x, float y) {
-        MouseUp.Raise(button, shift, x, y);
-      }));
+  connections_.push_back(ForwardTo(surface.Click(), Click));
+  connections_.push_back(ForwardTo(surface.MouseDown(), MouseDown));
+  connections_.push_back(ForwardTo(surface.MouseUp(), MouseUp));
   connections_.push_back(timer_.Timer().Connect([this] {
     if (!terminating_) SetLit(!lit_);
   }));

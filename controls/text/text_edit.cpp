@@ -71,19 +71,12 @@ void ZKTextEdit::ConnectInput() {
       [this](int16_t& key_code, int16_t& shift) { KeyDownInBox(key_code, shift); }));
   connections_.push_back(
       box.KeyPress().Connect([this](int16_t& key_ascii) { KeyPressInBox(key_ascii); }));
-  connections_.push_back(box.KeyUp().Connect(
-      [this](int16_t& key_code, int16_t& shift) { KeyUp.Raise(key_code, shift); }));
-  connections_.push_back(box.Click().Connect([this] { Click.Raise(); }));
-  connections_.push_back(box.DblClick().Connect([this] { DblClick.Raise(); }));
+  connections_.push_back(ForwardTo(box.KeyUp(), KeyUp));
+  connections_.push_back(ForwardTo(box.Click(), Click));
+  connections_.push_back(ForwardTo(box.DblClick(), DblClick));
   // The box sits at the control's origin, so its coordinates are the control's.
-  connections_.push_back(
-      box.MouseDown().Connect([this](int16_t button, int16_t shift, float x, float y) {
-        MouseDown.Raise(button, shift, x, y);
-      }));
-  connections_.push_back(
-      box.MouseUp().Connect([this](int16_t button, int16_t shift, float x, float y) {
-        MouseUp.Raise(button, shift, x, y);
-      }));
+  connections_.push_back(ForwardTo(box.MouseDown(), MouseDown));
+  connections_.push_back(ForwardTo(box.MouseUp(), MouseUp));
   connections_.push_back(
       box.MouseMove().Connect([this](int16_t button, int16_t shift, float x, float y) {
         // The host's tooltip belongs to the control; the box covers it, so it carries a copy.
