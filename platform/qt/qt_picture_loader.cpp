@@ -22,8 +22,7 @@ PictureRef QtPictureLoader::LoadPicture(const std::u16string& path) {
     const auto* row = reinterpret_cast<const QRgb*>(image.constScanLine(y));
     pixels.insert(pixels.end(), row, row + image.width());
   }
-  return std::make_shared<Picture>(NewHandle(), image.width(), image.height(),
-                                   std::move(pixels));
+  return std::make_shared<Picture>(NewHandle(), image.width(), image.height(), std::move(pixels));
 }
 
 }  // namespace zk
