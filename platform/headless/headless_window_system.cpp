@@ -11,12 +11,7 @@ constexpr int32_t kLargestItemHeight = 255;
 
 }  // namespace
 
-HeadlessWindowSystem::HeadlessWindowSystem() {
-  class_procedure_ = RegisterWindowProcedure(
-      [this](WindowHandle window, uint32_t message, int32_t wparam, int32_t lparam) {
-        return ClassProcedure(window, message, wparam, lparam);
-      });
-}
+HeadlessWindowSystem::HeadlessWindowSystem() : ProcedureWindowSystem(0x00401000) {}
 
 HeadlessWindowSystem::~HeadlessWindowSystem() = default;
 
@@ -30,14 +25,14 @@ WindowHandle HeadlessWindowSystem::CreateWindow(WindowHandle parent, std::u16str
   window.class_name = std::move(class_name);
   window.bounds = bounds;
   window.style = style;
-  window.procedure = class_procedure_;
+  window.procedure = ClassProcedureAddress();
   windows_.emplace(handle, std::move(window));
   return handle;
 }
 
-void HeadlessWindowSystem::SetClassHandler(WindowHandle window, WindowProcedure handler) {
+ProcedureWindowSystem::WindowState* HeadlessWindowSystem::FindState(WindowHandle window, bool) {
   auto found = windows_.find(window);
-  if (found != windows_.end()) found->second.class_handler = std::move(handler);
+  return found == windows_.end() ? nullptr : &found->second;
 }
 
 bool HeadlessWindowSystem::DestroyWindow(WindowHandle window) {
@@ -108,60 +103,20 @@ bool HeadlessWindowSystem::ScreenToClient(WindowHandle window, PixelPoint& point
   return true;
 }
 
-int32_t HeadlessWindowSystem::GetWindowLong(WindowHandle window, int32_t index) const {
-  auto found = windows_.find(window);
-  if (found == windows_.end()) return 0;
-  if (index == window_long::kStyle) return found->second.style;
-  if (index == window_long::kWindowProcedure) return found->second.procedure;
-  return 0;
-}
-
-int32_t HeadlessWindowSystem::SetWindowLong(WindowHandle window, int32_t index, int32_t value) {
-  auto found = windows_.find(window);
-  if (found == windows_.end()) return 0;
-  if (index == window_long::kStyle) return std::exchange(found->second.style, value);
-  if (index == window_long::kWindowProcedure) {
-    if (!procedures_.Contains(value)) return 0;
-    return std::exchange(found->second.procedure, value);
-  }
-  return 0;
-}
-
-int32_t HeadlessWindowSystem::SendMessage(WindowHandle window, uint32_t message, int32_t wparam,
-                                          int32_t lparam) {
-  auto found = windows_.find(window);
-  if (found == windows_.end()) return 0;
-  return CallWindowProc(found->second.procedure, window, message, wparam, lparam);
-}
-
-int32_t HeadlessWindowSystem::CallWindowProc(int32_t address, WindowHandle window, uint32_t message,
-                                             int32_t wparam, int32_t lparam) {
-  return procedures_.Call(address, window, message, wparam, lparam);
-}
-
-int32_t HeadlessWindowSystem::RegisterWindowProcedure(WindowProcedure procedure) {
-  return procedures_.Register(std::move(procedure));
-}
-
-void HeadlessWindowSystem::ReleaseWindowProcedure(int32_t address) {
-  if (address != class_procedure_) procedures_.Release(address);
-}
-
 bool HeadlessWindowSystem::ReleaseCapture() {
   capture_ = 0;
   return true;
 }
 
-int32_t HeadlessWindowSystem::ClassProcedure(WindowHandle window, uint32_t message, int32_t wparam,
-                                             int32_t lparam) {
+void HeadlessWindowSystem::OnClassProcedure(WindowHandle window, uint32_t message, int32_t wparam,
+                                            int32_t lparam) {
   delivered_.push_back({window, message, wparam, lparam});
+}
+
+int32_t HeadlessWindowSystem::DefaultClassAnswer(WindowHandle window, uint32_t message,
+                                                 int32_t wparam, int32_t lparam) {
   auto found = windows_.find(window);
-  if (found == windows_.end()) return 0;
-  if (found->second.class_handler) {
-    const WindowProcedure handler = found->second.class_handler;  // it may go while it runs
-    return handler(window, message, wparam, lparam);
-  }
-  if (found->second.class_name != u"ListBox") return 0;
+  if (found == windows_.end() || found->second.class_name != u"ListBox") return 0;
   Window& list_box = found->second;
   switch (message) {
     case window_message::kListGetItemHeight:

@@ -4,8 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/window_procedures.h"
-#include "platform/window_system.h"
+#include "platform/procedure_window_system.h"
 
 namespace zk {
 
@@ -23,7 +22,7 @@ struct MessageRecord {
 // the whole window. Every window starts with its class procedure, which records the messages
 // it receives and answers the list box messages for the class "ListBox" (row height 13 pixels
 // by default, heights from 1 to 255 accepted, a horizontal extent).
-class HeadlessWindowSystem final : public IWindowSystem {
+class HeadlessWindowSystem final : public ProcedureWindowSystem {
  public:
   HeadlessWindowSystem();
   ~HeadlessWindowSystem() override;
@@ -31,9 +30,6 @@ class HeadlessWindowSystem final : public IWindowSystem {
   // Creates a window and returns its handle; 0 when the parent does not exist.
   WindowHandle CreateWindow(WindowHandle parent, std::u16string class_name, PixelRect bounds,
                             int32_t style = 0);
-  // Gives a window behaviour of its own: its class procedure hands every message to `handler`
-  // after recording it (an edit box answering the undo message, for instance).
-  void SetClassHandler(WindowHandle window, WindowProcedure handler);
   // Destroys the window and its children: kDestroy to the window, then its children are
   // destroyed, then kNcDestroy, each through the window's current procedure.
   bool DestroyWindow(WindowHandle window);
@@ -55,35 +51,28 @@ class HeadlessWindowSystem final : public IWindowSystem {
   bool IsWindow(WindowHandle window) const override;
   bool GetWindowRect(WindowHandle window, PixelRect& rect) const override;
   bool ScreenToClient(WindowHandle window, PixelPoint& point) const override;
-  int32_t GetWindowLong(WindowHandle window, int32_t index) const override;
-  int32_t SetWindowLong(WindowHandle window, int32_t index, int32_t value) override;
-  int32_t SendMessage(WindowHandle window, uint32_t message, int32_t wparam,
-                      int32_t lparam) override;
-  int32_t CallWindowProc(int32_t address, WindowHandle window, uint32_t message, int32_t wparam,
-                         int32_t lparam) override;
-  int32_t RegisterWindowProcedure(WindowProcedure procedure) override;
-  void ReleaseWindowProcedure(int32_t address) override;
   bool ReleaseCapture() override;
   WindowHandle GetActiveWindow() const override { return active_window_; }
 
  private:
-  struct Window {
+  struct Window : WindowState {
     WindowHandle parent = 0;
     std::u16string class_name;
     PixelRect bounds;
-    int32_t style = 0;
-    int32_t procedure = 0;
     int32_t item_height = 13;
     int32_t horizontal_extent = 0;
-    WindowProcedure class_handler;
   };
 
-  int32_t ClassProcedure(WindowHandle window, uint32_t message, int32_t wparam, int32_t lparam);
+  WindowState* FindState(WindowHandle window, bool for_longs) override;
+  // Records the message (the class procedure receives it).
+  void OnClassProcedure(WindowHandle window, uint32_t message, int32_t wparam,
+                        int32_t lparam) override;
+  // The list box messages of windows of the class "ListBox".
+  int32_t DefaultClassAnswer(WindowHandle window, uint32_t message, int32_t wparam,
+                             int32_t lparam) override;
   PixelPoint ClientOrigin(WindowHandle window) const;
 
   std::map<WindowHandle, Window> windows_;
-  WindowProcedureTable procedures_{0x00401000};
-  int32_t class_procedure_ = 0;
   WindowHandle next_handle_ = 0x00010010;
   WindowHandle active_window_ = 0;
   WindowHandle capture_ = 0;

@@ -24,12 +24,8 @@ class QtWindowSystem::MessageRouter final : public QObject {
   QtWindowSystem& system_;
 };
 
-QtWindowSystem::QtWindowSystem() : router_(std::make_unique<MessageRouter>(*this)) {
-  class_procedure_ = RegisterWindowProcedure(
-      [this](WindowHandle window, uint32_t message, int32_t wparam, int32_t lparam) {
-        return ClassProcedure(window, message, wparam, lparam);
-      });
-}
+QtWindowSystem::QtWindowSystem()
+    : ProcedureWindowSystem(0x00501000), router_(std::make_unique<MessageRouter>(*this)) {}
 
 QtWindowSystem::~QtWindowSystem() {
   for (auto& [handle, window] : windows_) {
@@ -47,7 +43,7 @@ WindowHandle QtWindowSystem::Register(QWidget* widget, std::u16string_view class
   window.key = widget;
   window.class_name = class_name;
   window.style = style;
-  window.procedure = class_procedure_;
+  window.procedure = ClassProcedureAddress();
   if (reporting == Reporting::kWatched) {
     widget->installEventFilter(router_.get());
     // No context object: the window system ends the connection itself if it goes first.
@@ -111,43 +107,10 @@ bool QtWindowSystem::ScreenToClient(WindowHandle window, PixelPoint& point) cons
   return true;
 }
 
-int32_t QtWindowSystem::GetWindowLong(WindowHandle window, int32_t index) const {
+ProcedureWindowSystem::WindowState* QtWindowSystem::FindState(WindowHandle window, bool for_longs) {
   auto found = windows_.find(window);
-  if (found == windows_.end() || !found->second.widget) return 0;
-  if (index == window_long::kStyle) return found->second.style;
-  if (index == window_long::kWindowProcedure) return found->second.procedure;
-  return 0;
-}
-
-int32_t QtWindowSystem::SetWindowLong(WindowHandle window, int32_t index, int32_t value) {
-  auto found = windows_.find(window);
-  if (found == windows_.end() || !found->second.widget) return 0;
-  if (index == window_long::kStyle) return std::exchange(found->second.style, value);
-  if (index == window_long::kWindowProcedure) {
-    if (!procedures_.Contains(value)) return 0;
-    return std::exchange(found->second.procedure, value);
-  }
-  return 0;
-}
-
-int32_t QtWindowSystem::SendMessage(WindowHandle window, uint32_t message, int32_t wparam,
-                                    int32_t lparam) {
-  auto found = windows_.find(window);
-  if (found == windows_.end()) return 0;
-  return CallWindowProc(found->second.procedure, window, message, wparam, lparam);
-}
-
-int32_t QtWindowSystem::CallWindowProc(int32_t address, WindowHandle window, uint32_t message,
-                                       int32_t wparam, int32_t lparam) {
-  return procedures_.Call(address, window, message, wparam, lparam);
-}
-
-int32_t QtWindowSystem::RegisterWindowProcedure(WindowProcedure procedure) {
-  return procedures_.Register(std::move(procedure));
-}
-
-void QtWindowSystem::ReleaseWindowProcedure(int32_t address) {
-  if (address != class_procedure_) procedures_.Release(address);
+  if (found == windows_.end() || (for_longs && !found->second.widget)) return nullptr;
+  return &found->second;
 }
 
 bool QtWindowSystem::ReleaseCapture() {
@@ -168,19 +131,8 @@ bool QtWindowSystem::Route(WindowHandle window, uint32_t message, int32_t wparam
   return ran;
 }
 
-void QtWindowSystem::SetClassHandler(WindowHandle window, WindowProcedure handler) {
-  auto found = windows_.find(window);
-  if (found != windows_.end()) found->second.class_handler = std::move(handler);
-}
-
-int32_t QtWindowSystem::ClassProcedure(WindowHandle window, uint32_t message, int32_t wparam,
-                                       int32_t lparam) {
-  // The widget's own handling is Qt's: the event goes on to the widget.
+void QtWindowSystem::OnClassProcedure(WindowHandle, uint32_t, int32_t, int32_t) {
   class_procedure_ran_ = true;
-  auto found = windows_.find(window);
-  if (found == windows_.end() || !found->second.class_handler) return 0;
-  const WindowProcedure handler = found->second.class_handler;  // it may go while it runs
-  return handler(window, message, wparam, lparam);
 }
 
 }  // namespace zk

@@ -8,8 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/window_procedures.h"
-#include "platform/window_system.h"
+#include "platform/procedure_window_system.h"
 
 class QWheelEvent;
 
@@ -19,7 +18,7 @@ namespace zk {
 // messages that the controls observe flow through the procedure of the widget: the mouse wheel
 // (522) before Qt handles it, and the destruction messages (2 and 130) when the widget goes. A
 // message that no procedure passes on to the widget's own procedure is not handled by Qt.
-class QtWindowSystem final : public IWindowSystem {
+class QtWindowSystem final : public ProcedureWindowSystem {
  public:
   QtWindowSystem();
   ~QtWindowSystem() override;
@@ -35,9 +34,6 @@ class QtWindowSystem final : public IWindowSystem {
   // A wheel event that Qt is about to give to the window's widget becomes the wheel message;
   // true when the widget must not handle it (no procedure passed it on).
   bool RouteWheel(WindowHandle window, const QWheelEvent& wheel);
-  // Gives a window behaviour of its own: its own procedure hands every message to `handler` (an
-  // edit box answering the undo message, for instance).
-  void SetClassHandler(WindowHandle window, WindowProcedure handler);
   // The widget of the handle is being destroyed: its last messages go through its procedure and
   // the handle ends.
   void Destroyed(WindowHandle window);
@@ -47,30 +43,24 @@ class QtWindowSystem final : public IWindowSystem {
   bool IsWindow(WindowHandle window) const override;
   bool GetWindowRect(WindowHandle window, PixelRect& rect) const override;
   bool ScreenToClient(WindowHandle window, PixelPoint& point) const override;
-  int32_t GetWindowLong(WindowHandle window, int32_t index) const override;
-  int32_t SetWindowLong(WindowHandle window, int32_t index, int32_t value) override;
-  int32_t SendMessage(WindowHandle window, uint32_t message, int32_t wparam,
-                      int32_t lparam) override;
-  int32_t CallWindowProc(int32_t address, WindowHandle window, uint32_t message, int32_t wparam,
-                         int32_t lparam) override;
-  int32_t RegisterWindowProcedure(WindowProcedure procedure) override;
-  void ReleaseWindowProcedure(int32_t address) override;
   bool ReleaseCapture() override;
   WindowHandle GetActiveWindow() const override;
 
  private:
   class MessageRouter;
-  struct Window {
+  struct Window : WindowState {
     QWidget* widget = nullptr;       // null from the start of its destruction
     const QObject* key = nullptr;    // the widget's address, valid for lookups while it goes
     std::u16string_view class_name;  // a name the library spells out (a literal)
-    int32_t style = 0;
-    int32_t procedure = 0;
     QMetaObject::Connection destroyed;
-    WindowProcedure class_handler;
   };
 
-  int32_t ClassProcedure(WindowHandle window, uint32_t message, int32_t wparam, int32_t lparam);
+  // A window that is being destroyed keeps its procedure for its last messages, but no longer
+  // offers its window longs.
+  WindowState* FindState(WindowHandle window, bool for_longs) override;
+  // The widget's own handling is Qt's: the event goes on to the widget.
+  void OnClassProcedure(WindowHandle window, uint32_t message, int32_t wparam,
+                        int32_t lparam) override;
   // Sends a message that Qt is about to handle; true when the widget's own procedure ran.
   bool Route(WindowHandle window, uint32_t message, int32_t wparam, int32_t lparam);
 
@@ -78,8 +68,6 @@ class QtWindowSystem final : public IWindowSystem {
   // One event filter for every window, and the handles of the widgets it watches.
   std::unique_ptr<MessageRouter> router_;
   std::map<const QObject*, WindowHandle> handles_;
-  WindowProcedureTable procedures_{0x00501000};
-  int32_t class_procedure_ = 0;
   WindowHandle next_handle_ = 0x00020010;
   bool class_procedure_ran_ = false;
 };
