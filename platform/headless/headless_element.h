@@ -33,6 +33,9 @@ class HeadlessElement : public Base {
   MouseSignal& MouseMove() override { return mouse_move_; }
   MouseSignal& MouseUp() override { return mouse_up_; }
 
+  // Nothing is drawn headless: a change of the look needs no repaint.
+  void Changed() {}
+
   // True when the point (twips, in the parent's inner coordinates) lies on the element.
   bool Contains(double x, double y) const {
     return x >= left_ && y >= top_ && x < left_ + width_ && y < top_ + height_;

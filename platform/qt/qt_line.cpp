@@ -5,13 +5,13 @@
 namespace zk {
 
 void QtLine::Paint(QPainter& painter, const QRectF&) const {
-  if (border_style_ == line_style::kTransparent || border_width_ <= 0) return;
-  QPen pen(ToQColor(border_color_, Surface().Widget()->palette()), border_width_);
+  if (BorderStyle() == line_style::kTransparent || BorderWidth() <= 0) return;
+  QPen pen(ToQColor(BorderColor(), Surface().Widget()->palette()), BorderWidth());
   pen.setCapStyle(Qt::FlatCap);
-  if (border_style_ == line_style::kDash) pen.setStyle(Qt::DashLine);
-  if (border_style_ == line_style::kDot) pen.setStyle(Qt::DotLine);
+  if (BorderStyle() == line_style::kDash) pen.setStyle(Qt::DashLine);
+  if (BorderStyle() == line_style::kDot) pen.setStyle(Qt::DotLine);
   painter.setPen(pen);
-  painter.drawLine(Surface().ToPixels(x1_, y1_), Surface().ToPixels(x2_, y2_));
+  painter.drawLine(Surface().ToPixels(X1(), Y1()), Surface().ToPixels(X2(), Y2()));
 }
 
 }  // namespace zk

@@ -11,32 +11,32 @@ namespace zk {
 void QtShape::Paint(QPainter& painter, const QRectF& area) const {
   QRectF bounds = area;
   // Squares and circles take the smaller side and sit centred.
-  if (shape_ == shape_code::kSquare || shape_ == shape_code::kCircle ||
-      shape_ == shape_code::kRoundedSquare) {
+  if (Shape() == shape_code::kSquare || Shape() == shape_code::kCircle ||
+      Shape() == shape_code::kRoundedSquare) {
     const qreal side = std::min(bounds.width(), bounds.height());
     bounds = QRectF(bounds.center().x() - side / 2, bounds.center().y() - side / 2, side, side);
   }
   const QPalette& colors = Surface().Widget()->palette();
-  const bool bordered = border_style_ != line_style::kTransparent && border_width_ > 0;
-  const qreal pen_width = bordered ? border_width_ : 0;
+  const bool bordered = BorderStyle() != line_style::kTransparent && BorderWidth() > 0;
+  const qreal pen_width = bordered ? BorderWidth() : 0;
   // The border lies within the bounds, so that the control's edge shows all of it.
   const QRectF outline =
       bounds.adjusted(pen_width / 2, pen_width / 2, -pen_width / 2, -pen_width / 2);
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing,
-                        shape_ != shape_code::kRectangle && shape_ != shape_code::kSquare);
+                        Shape() != shape_code::kRectangle && Shape() != shape_code::kSquare);
   if (bordered) {
-    QPen pen(ToQColor(border_color_, colors), pen_width);
+    QPen pen(ToQColor(BorderColor(), colors), pen_width);
     pen.setJoinStyle(Qt::MiterJoin);
-    if (border_style_ == line_style::kDash) pen.setStyle(Qt::DashLine);
-    if (border_style_ == line_style::kDot) pen.setStyle(Qt::DotLine);
+    if (BorderStyle() == line_style::kDash) pen.setStyle(Qt::DashLine);
+    if (BorderStyle() == line_style::kDot) pen.setStyle(Qt::DotLine);
     painter.setPen(pen);
   } else {
     painter.setPen(Qt::NoPen);
   }
-  painter.setBrush(fill_style_ == 0 ? QBrush(ToQColor(fill_color_, colors)) : QBrush(Qt::NoBrush));
+  painter.setBrush(FillStyle() == 0 ? QBrush(ToQColor(FillColor(), colors)) : QBrush(Qt::NoBrush));
   const qreal radius = std::min(outline.width(), outline.height()) / 6;
-  switch (shape_) {
+  switch (Shape()) {
     case shape_code::kOval:
     case shape_code::kCircle:
       painter.drawEllipse(outline);
