@@ -1,59 +1,11 @@
 #pragma once
 
-#include <string>
-
-#include "platform/elements.h"
+#include "platform/element_state.h"
 
 namespace zk {
 
-// The state and events that every headless element shares, over the element interface `Base`.
+// An element of the headless platform: the shared state alone, since nothing is drawn.
 template <typename Base>
-class HeadlessElement : public Base {
- public:
-  double Left() const override { return left_; }
-  double Top() const override { return top_; }
-  double Width() const override { return width_; }
-  double Height() const override { return height_; }
-  void Move(double left, double top, double width, double height) override {
-    left_ = left;
-    top_ = top;
-    width_ = width;
-    height_ = height;
-  }
-  bool Visible() const override { return visible_; }
-  void SetVisible(bool visible) override { visible_ = visible; }
-  bool Enabled() const override { return enabled_; }
-  void SetEnabled(bool enabled) override { enabled_ = enabled; }
-  std::u16string ToolTipText() const override { return tool_tip_text_; }
-  void SetToolTipText(std::u16string_view text) override { tool_tip_text_ = text; }
-
-  Signal<>& Click() override { return click_; }
-  Signal<>& DblClick() override { return dbl_click_; }
-  MouseSignal& MouseDown() override { return mouse_down_; }
-  MouseSignal& MouseMove() override { return mouse_move_; }
-  MouseSignal& MouseUp() override { return mouse_up_; }
-
-  // Nothing is drawn headless: a change of the look needs no repaint.
-  void Changed() {}
-
-  // True when the point (twips, in the parent's inner coordinates) lies on the element.
-  bool Contains(double x, double y) const {
-    return x >= left_ && y >= top_ && x < left_ + width_ && y < top_ + height_;
-  }
-
- private:
-  double left_ = 0;
-  double top_ = 0;
-  double width_ = 0;
-  double height_ = 0;
-  bool visible_ = true;
-  bool enabled_ = true;
-  std::u16string tool_tip_text_;
-  Signal<> click_;
-  Signal<> dbl_click_;
-  MouseSignal mouse_down_;
-  MouseSignal mouse_move_;
-  MouseSignal mouse_up_;
-};
+class HeadlessElement : public ElementState<Base> {};
 
 }  // namespace zk
