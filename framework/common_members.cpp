@@ -1,6 +1,7 @@
 // The automation entries of the members that every control shares.
 #include <string>
 
+#include "foundation/gui_utils.h"
 #include "foundation/zk_error.h"
 #include "framework/control.h"
 
@@ -112,6 +113,42 @@ MemberInfo ZKControl::CommonMember(std::u16string_view name, int32_t dispid) {
   }
   if (name == u"Font") return FontMember(dispid);
   throw ZKError(error_number::kInternalError, u"No common member named " + std::u16string(name));
+}
+
+PropertyRow ZKControl::CommonRow(std::u16string_view name, int32_t dispid) {
+  PropertyRow row = property_rows::Member(CommonMember(name, dispid));
+  if (name == u"ControlGroup") {
+    row.kind = ArchiveKind::kText;
+    row.new_value = PropertyValue(u"");
+    row.bag_default = PropertyValue(u"");
+    row.store = [](ZKControl& control, const Variant& value) {
+      control.StoreControlGroup(value.ToText());
+    };
+  } else if (name == u"DesignMode") {
+    row.kind = ArchiveKind::kBool;
+    row.new_value = PropertyValue(Variant(false));
+    row.bag_default = PropertyValue(Variant(false));
+    row.store = [](ZKControl& control, const Variant& value) {
+      control.StoreDesignMode(value.ToBool());
+    };
+  } else if (name == u"Enabled") {
+    row.kind = ArchiveKind::kBool;
+    row.bag_default = PropertyValue(Variant(true));
+    row.store = [](ZKControl& control, const Variant& value) {
+      control.Surface().SetEnabled(value.ToBool());
+    };
+  } else if (name == u"Font") {
+    row.kind = ArchiveKind::kFont;
+    row.new_value = PropertyValue(Ambient::kFont);
+    row.bag_default = PropertyValue(Ambient::kFont);
+    // The control keeps its own copy; a bag without a usable font keeps the current one.
+    row.store = [](ZKControl& control, const Variant& value) {
+      if (FontRef font = variant_conversion::FromVariant<FontRef>(value)) {
+        control.AdoptFont(MGuiUtils::CloneFont(font));
+      }
+    };
+  }
+  return row;
 }
 
 }  // namespace zk

@@ -47,6 +47,34 @@ void ZKControl::NotifyChanged(std::u16string_view property) {
   site_.PropertyChanged(property);
 }
 
+void ZKControl::Changed(std::u16string_view property, Effect effect) {
+  NotifyChanged(property);
+  switch (effect) {
+    case Effect::kNone:
+      break;
+    case Effect::kRedraw:
+      Redraw();
+      break;
+    case Effect::kLayout:
+      Layout();
+      break;
+  }
+}
+
+void ZKControl::InitProperties() {
+  Properties().InitProperties(*this, site_.Ambient());
+  AfterInitProperties();
+}
+
+void ZKControl::ReadProperties(IPropertyBag& bag) {
+  Properties().ReadProperties(*this, bag, site_.Ambient());
+  AfterReadProperties();
+}
+
+void ZKControl::WriteProperties(IPropertyBag& bag) {
+  Properties().WriteProperties(*this, bag, site_.Ambient());
+}
+
 void ZKControl::SetControlGroup(std::u16string New_ControlGroup) {
   control_group_ = std::move(New_ControlGroup);
   NotifyChanged(u"ControlGroup");

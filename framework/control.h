@@ -11,26 +11,11 @@
 #include "foundation/signal.h"
 #include "framework/automation.h"
 #include "framework/control_event.h"
+#include "framework/property_table.h"
 #include "platform/host.h"
 #include "platform/std_font.h"
 
 namespace zk {
-
-// How an archive element is written and read.
-enum class ArchiveKind { kText, kNumber, kBool, kFont };
-
-// One element of a control's archive string after the extender block. By default the element
-// is read and written through the control's public property of that name, so that parsing
-// validates, notifies and lays out as a host's call does; `get` and `set` replace that for an
-// element that no property carries.
-struct ArchiveField {
-  ArchiveKind kind;
-  std::u16string_view property;
-  std::function<Variant(ZKControl&)> get = {};
-  std::function<void(ZKControl&, const Variant&)> set = {};
-  // What an element without a property carries, for people reading archive strings.
-  std::u16string_view description = {};
-};
 
 // The contract that every control carries: the common members, automation by name, the archive
 // string, cloning, the font copy, the event observer and the property-changed notification.
@@ -43,8 +28,10 @@ class ZKControl : public DispatchObject {
 
   // The control's class name ("ZKLabel").
   virtual std::u16string_view Kind() const = 0;
+  // Its properties, methods and events, declared once.
+  virtual const PropertyTable& Properties() const = 0;
   // Its properties, methods and events by name.
-  virtual const AutomationTable& Automation() const = 0;
+  const AutomationTable& Automation() const { return Properties().Automation(); }
 
   // The name the host gave the control (the extender's Name); the source of its traces.
   std::u16string Name() const;
@@ -78,13 +65,15 @@ class ZKControl : public DispatchObject {
   // Takes a copy of New_Font; a null font is traced ("Font (SET)") and changes nothing.
   void SetFont(FontRef New_Font);
 
-  // Design-time persistence through the host's property bag.
-  virtual void InitProperties() = 0;
-  virtual void ReadProperties(IPropertyBag& bag) = 0;
-  virtual void WriteProperties(IPropertyBag& bag) = 0;
+  // Design-time persistence through the host's property bag, driven by the property table:
+  // a new control takes the table's new-control values, a loaded one stores what the bag holds
+  // (notifying nothing), and writing persists every row with its default.
+  void InitProperties();
+  void ReadProperties(IPropertyBag& bag);
+  void WriteProperties(IPropertyBag& bag);
 
   // The elements of the archive string after the extender block, in their order.
-  virtual std::span<const ArchiveField> ArchiveFields() const = 0;
+  std::span<const ArchiveField> ArchiveFields() const { return Properties().ArchiveFields(); }
 
   // Every event the control raises, with its arguments.
   EventObserver& EventRaised() { return event_raised_; }
@@ -99,6 +88,15 @@ class ZKControl : public DispatchObject {
   // Font), for the controls' own tables in their interface order. Enabled carries its standard
   // identifier; `dispid` gives another member one.
   static MemberInfo CommonMember(std::u16string_view name, int32_t dispid = 0);
+  // The table row of a common member. ControlGroup, DesignMode, Enabled and Font store bag
+  // values on the control (Font as a copy of the bag's font); ControlGroup and DesignMode come
+  // with their universal new-control value and bag default (empty, false), Enabled with its bag
+  // default (true) and Font with the container's font as both.
+  static PropertyRow CommonRow(std::u16string_view name, int32_t dispid = 0);
+  template <typename C>
+  static property_rows::Row<C, Variant> Common(std::u16string_view name, int32_t dispid = 0) {
+    return property_rows::Row<C, Variant>(CommonRow(name, dispid));
+  }
 
  protected:
   IControlSite& Site() { return site_; }
@@ -106,8 +104,22 @@ class ZKControl : public DispatchObject {
   ISurface& Surface() { return site_.Surface(); }
   const ISurface& Surface() const { return site_.Surface(); }
 
+  // What a property change does to the control besides notifying the host.
+  enum class Effect { kNone, kRedraw, kLayout };
+  // The end of every successful setter: tells the host that `property` changed, then lays the
+  // control out or redraws it as `effect` says.
+  void Changed(std::u16string_view property, Effect effect = Effect::kNone);
   // Tells the host that a property changed.
   void NotifyChanged(std::u16string_view property);
+  // The control's layout (its resize handler) and its redraw of the current state.
+  virtual void Layout() {}
+  virtual void Redraw() {}
+
+  // After the table gave a new control its values, and after a bag was read: what the control
+  // does once with all its values in place (the enabled state given to inner elements, the
+  // layout ...).
+  virtual void AfterInitProperties() {}
+  virtual void AfterReadProperties() {}
 
   // The trace procedure of a failed parse at `element` ("ParseArchiveStr (el: 3)").
   virtual std::u16string ParseFailureProcedure(int element) const;

@@ -5,34 +5,15 @@
 
 #include "foundation/gui_utils.h"
 #include "foundation/low_level_utils.h"
+#include "framework/layout_steps.h"
 #include "platform/platform.h"
 
 namespace zk {
 namespace {
 
-using automation::Property;
-using automation::ReadOnlyProperty;
-
 constexpr int32_t kMaxBorderPixels = 8192;
 // Pixels between the border line and a caption that sits at an edge.
 constexpr int32_t kCaptionGapPixels = 5;
-
-// Drawing steps never stop the control: one that fails is skipped and the next one runs.
-template <typename Step>
-void Ignoring(Step step) {
-  try {
-    step();
-  } catch (...) {
-  }
-}
-
-Variant Color(OLE_COLOR color) {
-  return variant_conversion::ToVariant(color);
-}
-
-Variant Number(int32_t value) {
-  return Variant(value);
-}
 
 int16_t LineStyleOf(zktCmdBorderStyle style) {
   return style == zktBSNone ? line_style::kTransparent : line_style::kInsideSolid;
@@ -62,14 +43,14 @@ ZKColorButton::ZKColorButton(IControlSite& site)
   lbl_caption_->SetCaption(u"Button");
   lbl_caption_->SetFont(Font()->Description());
   ConnectInput();
-  Resize();
+  Layout();
 }
 
 ZKColorButton::~ZKColorButton() = default;
 
 void ZKColorButton::ConnectInput() {
   ISurface& surface = Surface();
-  connections_.push_back(surface.Resized().Connect([this] { Resize(); }));
+  connections_.push_back(surface.Resized().Connect([this] { Layout(); }));
   connections_.push_back(surface.Click().Connect([this] { Clicked(); }));
   connections_.push_back(ForwardTo(surface.DblClick(), DblClick));
   connections_.push_back(
@@ -96,67 +77,123 @@ void ZKColorButton::ConnectInput() {
 }
 
 void ZKColorButton::HandleMouseOf(IElement& element) {
-  auto shifted = [&element](float& x, float& y) {
-    x += static_cast<float>(element.Left());
-    y += static_cast<float>(element.Top());
-  };
   connections_.push_back(element.Click().Connect([this] { Clicked(); }));
   connections_.push_back(ForwardTo(element.DblClick(), DblClick));
-  connections_.push_back(
-      element.MouseDown().Connect([this, shifted](int16_t button, int16_t shift, float x, float y) {
-        shifted(x, y);
-        Press();
-        MouseDown.Raise(button, shift, x, y);
-      }));
-  connections_.push_back(
-      element.MouseUp().Connect([this, shifted](int16_t button, int16_t shift, float x, float y) {
-        shifted(x, y);
-        Release();
-        MouseUp.Raise(button, shift, x, y);
-      }));
-  connections_.push_back(element.MouseMove().Connect(
-      [this, &element, shifted](int16_t button, int16_t shift, float x, float y) {
-        // The host's tooltip belongs to the whole control, so it shows over the element too.
-        Ignoring([&] {
-          element.SetToolTipText(Site().Extender().GetProperty(u"ToolTipText").ToText());
-        });
-        shifted(x, y);
-        MouseMove.Raise(button, shift, x, y);
-      }));
+  auto relay = std::make_unique<ElementMouseRelay>(Site(), element, MouseDown, MouseMove, MouseUp);
+  relay->BeforeDown([this] { Press(); });
+  relay->BeforeUp([this] { Release(); });
+  relay->Connect(connections_);
+  element_mice_.push_back(std::move(relay));
 }
 
-std::vector<MemberInfo> ZKColorButton::ButtonMembers(std::vector<MemberInfo> extra) {
+std::vector<PropertyRow> ZKColorButton::ButtonRows(std::vector<PropertyRow> extra) {
+  using property_rows::Internal;
+  using property_rows::Property;
+  using property_rows::ReadOnly;
   using C = ZKColorButton;
-  std::vector<MemberInfo> members = {
-      Property(u"Caption", &C::Caption, &C::SetCaption, dispatch_id::kCaption),
-      Property(u"Alignment", &C::Alignment, &C::SetAlignment),
-      Property(u"Behavior", &C::Behavior, &C::SetBehavior),
-      Property(u"BackColor", &C::BackColor, &C::SetBackColor),
-      Property(u"SelectedColor", &C::SelectedColor, &C::SetSelectedColor),
-      Property(u"BorderStyle", &C::BorderStyle, &C::SetBorderStyle),
-      Property(u"BorderWidth", &C::BorderWidth, &C::SetBorderWidth),
-      Property(u"BorderColor", &C::BorderColor, &C::SetBorderColor),
-      Property(u"ForeColor", &C::ForeColor, &C::SetForeColor),
-      Property(u"SelectedForeColor", &C::SelectedForeColor, &C::SetSelectedForeColor),
-      Property(u"MaskColor", &C::MaskColor, &C::SetMaskColor),
-      CommonMember(u"Font"),
-      Property(u"Value", &C::Value, &C::SetValue),
-      Property(u"CaptionSelected", &C::CaptionSelected, &C::SetCaptionSelected),
-      CommonMember(u"DesignMode"),
-      CommonMember(u"ControlGroup"),
-      Property(u"DisabledBackColor", &C::DisabledBackColor, &C::SetDisabledBackColor),
-      Property(u"Shape", &C::Shape, &C::SetShape),
-      Property(u"ShowFocus", &C::ShowFocus, &C::SetShowFocus),
+  const Variant button_text = ColorValue(system_color::kButtonText);
+  std::vector<PropertyRow> rows = {
+      Property(u"Caption", &C::Caption, &C::SetCaption, dispatch_id::kCaption)
+          .Archive(1)
+          .New(u"Button")
+          .Bag(u"Text", 60)
+          .Store(&C::caption_),
+      // Read first and written after BorderStyle.
+      Property(u"Alignment", &C::Alignment, &C::SetAlignment)
+          .Archive(2)
+          .New(Variant(int32_t{zktButTextAlignCenter}))
+          .Bag(Variant(int32_t{2}), 10, 165)
+          .Store(&C::alignment_),
+      Property(u"Behavior", &C::Behavior, &C::SetBehavior)
+          .Archive(3)
+          .New(Variant(int32_t{zktButton}))
+          .Bag(Variant(int32_t{0}), 90)
+          .Store(&C::behavior_),
+      Property(u"BackColor", &C::BackColor, &C::SetBackColor)
+          .Archive(4)
+          .New(ColorValue(system_color::kButtonFace))
+          .Bag(ColorValue(system_color::kButtonFace), 80)
+          .Store(&C::back_color_),
+      Property(u"SelectedColor", &C::SelectedColor, &C::SetSelectedColor)
+          .Archive(5)
+          .New(ColorValue(0x808080))
+          .Bag(ColorValue(0x808080), 70)
+          .Store(&C::selected_color_),
+      Property(u"BorderStyle", &C::BorderStyle, &C::SetBorderStyle)
+          .Archive(6)
+          .New(Variant(int32_t{zktBSSolid}))
+          .Bag(Variant(int32_t{1}), 160)
+          .Store(&C::border_style_),
+      Property(u"BorderWidth", &C::BorderWidth, &C::SetBorderWidth)
+          .Archive(7)
+          .New(Variant(int32_t{1}))
+          .Bag(Variant(int32_t{1}), 130)
+          .Store([](C& c, int16_t v) { c.shp_border_->SetBorderWidth(v); }),
+      Property(u"BorderColor", &C::BorderColor, &C::SetBorderColor)
+          .Archive(8)
+          .New(ColorValue(1))
+          .Bag(ColorValue(system_color::kWindowText), 150)
+          .Store([](C& c, OLE_COLOR v) { c.shp_border_->SetBorderColor(v); }),
+      Property(u"ForeColor", &C::ForeColor, &C::SetForeColor)
+          .Archive(9)
+          .New(button_text)
+          .Bag(button_text, 20)
+          .Store(&C::fore_color_),
+      Property(u"SelectedForeColor", &C::SelectedForeColor, &C::SetSelectedForeColor)
+          .Archive(10)
+          .New(button_text)
+          .Bag(button_text, 30)
+          .Store(&C::selected_fore_color_),
+      Property(u"MaskColor", &C::MaskColor, &C::SetMaskColor)
+          .Archive(11)
+          .Bag(ColorValue(system_color::kWindowText), 110)
+          .Store([](C& c, OLE_COLOR v) { c.Surface().SetMaskColor(v); }),
+      Common<C>(u"Font").Archive(12).Bag(Ambient::kFont, 50),
+      Property(u"Value", &C::Value, &C::SetValue)
+          .Archive(13)
+          .New(Variant(int32_t{zktToggleUnselected}))
+          .Bag(Variant(int32_t{0}), 100)
+          .Store(&C::value_),
+      Property(u"CaptionSelected", &C::CaptionSelected, &C::SetCaptionSelected)
+          .Archive(14)
+          .New(u"")
+          .Bag(u"", 180)
+          .Store(&C::caption_selected_),
+      Common<C>(u"DesignMode").Archive(15).Bag(Variant(false), 140),
+      Common<C>(u"ControlGroup").Archive(16).Bag(u"", 170),
+      Property(u"DisabledBackColor", &C::DisabledBackColor, &C::SetDisabledBackColor)
+          .Archive(17)
+          .New(ColorValue(system_color::kInactiveBorder))
+          .Bag(ColorValue(system_color::kInactiveBorder), 190)
+          .Store(&C::disabled_back_color_),
+      Property(u"Shape", &C::Shape, &C::SetShape)
+          .Archive(18)
+          .New(Variant(int32_t{shape_code::kRectangle}))
+          .Bag(Variant(int32_t{0}), 200)
+          .Store([](C& c, int16_t v) { c.shp_border_->SetShape(v); }),
+      Property(u"ShowFocus", &C::ShowFocus, &C::SetShowFocus)
+          .Archive(19)
+          .New(Variant(int32_t{1}))
+          .Bag(Variant(int32_t{1}), 210)
+          .Store(&C::show_focus_),
   };
-  for (MemberInfo& member : extra)
-    members.push_back(std::move(member));
-  members.push_back(CommonMember(u"Enabled"));
-  members.push_back(ReadOnlyProperty(u"hDC", &C::hDC));
+  for (PropertyRow& row : extra)
+    rows.push_back(std::move(row));
+  rows.push_back(Common<C>(u"Enabled").Bag(Variant(true), 40));
+  rows.push_back(ReadOnly(u"hDC", &C::hDC));
   for (std::u16string_view common : {u"hWnd", u"Refresh", u"PopupMenu", u"Clone", u"GetArchiveStr",
                                      u"ParseArchiveStr", u"ExtraProp", u"ExtraAction"}) {
-    members.push_back(CommonMember(common));
+    rows.push_back(CommonRow(common));
   }
-  return members;
+  // The same bag key holds the border line's own style before the property: the property is
+  // written last, so reading both gives back what was written.
+  rows.push_back(Internal<C, int16_t>(ArchiveKind::kNumber)
+                     .Key(u"BorderStyle")
+                     .New(Variant(int32_t{line_style::kInsideSolid}))
+                     .Bag(Variant(int32_t{line_style::kInsideSolid}), 120)
+                     .Stored([](C& c) { return int32_t{c.shp_border_->BorderStyle()}; })
+                     .Store([](C& c, int16_t v) { c.shp_border_->SetBorderStyle(v); }));
+  return rows;
 }
 
 std::vector<std::u16string_view> ZKColorButton::ButtonEvents() {
@@ -164,76 +201,46 @@ std::vector<std::u16string_view> ZKColorButton::ButtonEvents() {
           u"KeyUp", u"MouseDown", u"MouseMove", u"MouseUp"};
 }
 
-const AutomationTable& ZKColorButton::Automation() const {
-  static const AutomationTable table(ButtonMembers(), ButtonEvents());
+const PropertyTable& ZKColorButton::Properties() const {
+  static const PropertyTable table(ButtonRows(), ButtonEvents());
   return table;
-}
-
-std::span<const ArchiveField> ZKColorButton::ArchiveFields() const {
-  static const std::array<ArchiveField, 19> fields = {{
-      {ArchiveKind::kText, u"Caption"},
-      {ArchiveKind::kNumber, u"Alignment"},
-      {ArchiveKind::kNumber, u"Behavior"},
-      {ArchiveKind::kNumber, u"BackColor"},
-      {ArchiveKind::kNumber, u"SelectedColor"},
-      {ArchiveKind::kNumber, u"BorderStyle"},
-      {ArchiveKind::kNumber, u"BorderWidth"},
-      {ArchiveKind::kNumber, u"BorderColor"},
-      {ArchiveKind::kNumber, u"ForeColor"},
-      {ArchiveKind::kNumber, u"SelectedForeColor"},
-      {ArchiveKind::kNumber, u"MaskColor"},
-      {ArchiveKind::kFont, u"Font"},
-      {ArchiveKind::kNumber, u"Value"},
-      {ArchiveKind::kText, u"CaptionSelected"},
-      {ArchiveKind::kBool, u"DesignMode"},
-      {ArchiveKind::kText, u"ControlGroup"},
-      {ArchiveKind::kNumber, u"DisabledBackColor"},
-      {ArchiveKind::kNumber, u"Shape"},
-      {ArchiveKind::kNumber, u"ShowFocus"},
-  }};
-  return fields;
 }
 
 // ---- Properties ----
 
 void ZKColorButton::SetCaption(std::u16string New_Caption) {
   caption_ = std::move(New_Caption);
-  NotifyChanged(u"Caption");
-  Redraw();
+  Changed(u"Caption", Effect::kRedraw);
 }
 
 void ZKColorButton::SetAlignment(zktButTextAlignment New_Alignment) {
   if (New_Alignment < zktButTextAlignLeft || New_Alignment > zktButTextAlignCenterTop) return;
   alignment_ = New_Alignment;
-  NotifyChanged(u"Alignment");
+  Changed(u"Alignment");
   AfterAlignmentChanged();
 }
 
 void ZKColorButton::SetBehavior(zktButBehavior New_Behavior) {
   if (New_Behavior != zktButton && New_Behavior != zktToggle) return;
   behavior_ = New_Behavior;
-  NotifyChanged(u"Behavior");
-  Redraw();
+  Changed(u"Behavior", Effect::kRedraw);
 }
 
 void ZKColorButton::SetBackColor(OLE_COLOR New_BackColor) {
   back_color_ = New_BackColor;
-  NotifyChanged(u"BackColor");
-  Redraw();
+  Changed(u"BackColor", Effect::kRedraw);
 }
 
 void ZKColorButton::SetSelectedColor(OLE_COLOR New_SelectedColor) {
   selected_color_ = New_SelectedColor;
-  NotifyChanged(u"SelectedColor");
-  Redraw();
+  Changed(u"SelectedColor", Effect::kRedraw);
 }
 
 void ZKColorButton::SetBorderStyle(zktCmdBorderStyle New_BorderStyle) {
   if (New_BorderStyle != zktBSNone && New_BorderStyle != zktBSSolid) return;
   border_style_ = New_BorderStyle;
   shp_border_->SetBorderStyle(LineStyleOf(New_BorderStyle));
-  NotifyChanged(u"BorderStyle");
-  Resize();
+  Changed(u"BorderStyle", Effect::kLayout);
 }
 
 int16_t ZKColorButton::BorderWidth() const {
@@ -243,8 +250,7 @@ int16_t ZKColorButton::BorderWidth() const {
 void ZKColorButton::SetBorderWidth(int16_t New_BorderWidth) {
   if (New_BorderWidth < 1 || New_BorderWidth > kMaxBorderPixels) return;
   shp_border_->SetBorderWidth(New_BorderWidth);
-  NotifyChanged(u"BorderWidth");
-  Resize();
+  Changed(u"BorderWidth", Effect::kLayout);
 }
 
 OLE_COLOR ZKColorButton::BorderColor() const {
@@ -253,20 +259,17 @@ OLE_COLOR ZKColorButton::BorderColor() const {
 
 void ZKColorButton::SetBorderColor(OLE_COLOR New_BorderColor) {
   shp_border_->SetBorderColor(New_BorderColor);
-  NotifyChanged(u"BorderColor");
-  Redraw();
+  Changed(u"BorderColor", Effect::kRedraw);
 }
 
 void ZKColorButton::SetForeColor(OLE_COLOR New_ForeColor) {
   fore_color_ = New_ForeColor;
-  NotifyChanged(u"ForeColor");
-  Redraw();
+  Changed(u"ForeColor", Effect::kRedraw);
 }
 
 void ZKColorButton::SetSelectedForeColor(OLE_COLOR New_SelectedForeColor) {
   selected_fore_color_ = New_SelectedForeColor;
-  NotifyChanged(u"SelectedForeColor");
-  Redraw();
+  Changed(u"SelectedForeColor", Effect::kRedraw);
 }
 
 OLE_COLOR ZKColorButton::MaskColor() const {
@@ -276,25 +279,22 @@ OLE_COLOR ZKColorButton::MaskColor() const {
 void ZKColorButton::SetMaskColor(OLE_COLOR New_MaskColor) {
   // The mask only matters to pictures drawn on the surface: nothing to redraw.
   Surface().SetMaskColor(New_MaskColor);
-  NotifyChanged(u"MaskColor");
+  Changed(u"MaskColor");
 }
 
 void ZKColorButton::SetValue(zktToggleValue New_Value) {
   value_ = New_Value == zktToggleUnselected ? zktToggleUnselected : zktToggleSelected;
-  NotifyChanged(u"Value");
-  Redraw();
+  Changed(u"Value", Effect::kRedraw);
 }
 
 void ZKColorButton::SetCaptionSelected(std::u16string New_CaptionSelected) {
   caption_selected_ = std::move(New_CaptionSelected);
-  NotifyChanged(u"CaptionSelected");
-  Redraw();
+  Changed(u"CaptionSelected", Effect::kRedraw);
 }
 
 void ZKColorButton::SetDisabledBackColor(OLE_COLOR New_DisabledBackColor) {
   disabled_back_color_ = New_DisabledBackColor;
-  NotifyChanged(u"DisabledBackColor");
-  Redraw();
+  Changed(u"DisabledBackColor", Effect::kRedraw);
 }
 
 int16_t ZKColorButton::Shape() const {
@@ -304,16 +304,14 @@ int16_t ZKColorButton::Shape() const {
 void ZKColorButton::SetShape(int16_t New_Shape) {
   if (New_Shape < shape_code::kRectangle || New_Shape > shape_code::kRoundedSquare) return;
   shp_border_->SetShape(New_Shape);
-  NotifyChanged(u"Shape");
-  Resize();
+  Changed(u"Shape", Effect::kLayout);
 }
 
 void ZKColorButton::SetShowFocus(int32_t New_ShowFocus) {
   const int32_t focused_width = BorderWidth() + New_ShowFocus;
   if (focused_width < 0 || focused_width > kMaxBorderPixels) return;
   show_focus_ = New_ShowFocus;
-  NotifyChanged(u"ShowFocus");
-  Resize();
+  Changed(u"ShowFocus", Effect::kLayout);
 }
 
 int32_t ZKColorButton::hDC() const {
@@ -351,14 +349,14 @@ OLE_COLOR ZKColorButton::FaceColor() const {
 }
 
 void ZKColorButton::Redraw() {
-  Ignoring([&] { BeforeRedraw(); });
-  Ignoring([&] { lbl_caption_->SetEnabled(Enabled()); });
-  Ignoring([&] {
+  IgnoringFailure([&] { BeforeRedraw(); });
+  IgnoringFailure([&] { lbl_caption_->SetEnabled(Enabled()); });
+  IgnoringFailure([&] {
     const OLE_COLOR face = FaceColor();
     shp_border_->SetFillColor(face);
     Surface().SetBackColor(face);
   });
-  Ignoring([&] { shp_focus_->SetBorderColor(shp_border_->BorderColor()); });
+  IgnoringFailure([&] { shp_focus_->SetBorderColor(shp_border_->BorderColor()); });
   if (Selected()) {
     LayoutCaption(caption_selected_.empty() ? caption_ : caption_selected_, selected_fore_color_);
   } else {
@@ -389,7 +387,7 @@ std::pair<double, double> ZKColorButton::CaptionPlace(double width, double heigh
 void ZKColorButton::LayoutCaption(const std::u16string& text, OLE_COLOR color) {
   laid_out_text_ = text;
   laid_out_color_ = color;
-  Ignoring([&] {
+  IgnoringFailure([&] {
     if (text.empty()) return;  // an empty caption keeps its last place
     lbl_caption_->SetCaption(text);
     const auto [left, top] = CaptionPlace(Surface().ScaleWidth(), Surface().ScaleHeight(),
@@ -397,31 +395,31 @@ void ZKColorButton::LayoutCaption(const std::u16string& text, OLE_COLOR color) {
     caption_left_ = left;
     caption_top_ = top;
   });
-  Ignoring([&] {
+  IgnoringFailure([&] {
     lbl_caption_->SetForeColor(laid_out_color_);
     lbl_caption_->SetCaption(laid_out_text_);
     lbl_caption_->Move(caption_left_, caption_top_, lbl_caption_->Width(), lbl_caption_->Height());
   });
 }
 
-void ZKColorButton::Resize() {
+void ZKColorButton::Layout() {
   if (resizing_) return;
   resizing_ = true;
   double width = 0;
   double height = 0;
-  Ignoring([&] {
+  IgnoringFailure([&] {
     width = MLowLevelUtils::RoundHalfEven(Surface().ScaleWidth());
     height = MLowLevelUtils::RoundHalfEven(Surface().ScaleHeight());
   });
-  Ignoring([&] { shp_border_->Move(0, 0, width, height); });
-  Ignoring([&] {
+  IgnoringFailure([&] { shp_border_->Move(0, 0, width, height); });
+  IgnoringFailure([&] {
     shp_focus_->SetShape(shp_border_->Shape());
     const int32_t focused_width = BorderWidth() + show_focus_;
     shp_focus_->SetBorderWidth(focused_width > 0 ? static_cast<int16_t>(focused_width) : 1);
     shp_focus_->Move(0, 0, width, height);
   });
   Redraw();
-  Ignoring([&] { AfterResize(width, height); });
+  IgnoringFailure([&] { AfterResize(width, height); });
   resizing_ = false;
 }
 
@@ -462,94 +460,15 @@ void ZKColorButton::FocusLost() {
 
 // ---- Persistence ----
 
-void ZKColorButton::InitProperties() {
-  caption_ = u"Button";
-  alignment_ = zktButTextAlignCenter;
-  behavior_ = zktButton;
-  back_color_ = system_color::kButtonFace;
-  selected_color_ = 0x808080;
-  border_style_ = zktBSSolid;
-  shp_border_->SetBorderStyle(LineStyleOf(border_style_));
-  shp_border_->SetBorderWidth(1);
-  shp_border_->SetBorderColor(1);
-  fore_color_ = system_color::kButtonText;
-  selected_fore_color_ = system_color::kButtonText;
-  value_ = zktToggleUnselected;
-  caption_selected_.clear();
-  StoreDesignMode(false);
-  StoreControlGroup({});
-  disabled_back_color_ = system_color::kInactiveBorder;
-  shp_border_->SetShape(shape_code::kRectangle);
-  show_focus_ = 1;
-  AdoptFont(MGuiUtils::CloneFont(Site().Ambient().Font()));
+void ZKColorButton::AfterInitProperties() {
   lbl_caption_->SetFont(Font()->Description());
-  Resize();
+  Layout();
 }
 
-void ZKColorButton::ReadProperties(IPropertyBag& bag) {
-  auto read = [&bag](std::u16string_view key, const Variant& default_value) {
-    return bag.ReadProperty(key, default_value);
-  };
-  ISurface& surface = Surface();
-  alignment_ = static_cast<zktButTextAlignment>(read(u"Alignment", Number(2)).ToInt32());
-  fore_color_ = read(u"ForeColor", Color(system_color::kButtonText)).ToColor();
-  selected_fore_color_ = read(u"SelectedForeColor", Color(system_color::kButtonText)).ToColor();
-  surface.SetEnabled(read(u"Enabled", Variant(true)).ToBool());
-  if (FontRef font = variant_conversion::FromVariant<FontRef>(
-          read(u"Font", Variant(Site().Ambient().Font())))) {
-    AdoptFont(font->Clone());
-  }
+void ZKColorButton::AfterReadProperties() {
   lbl_caption_->SetFont(Font()->Description());
-  caption_ = read(u"Caption", Variant(u"Text")).ToText();
-  selected_color_ = read(u"SelectedColor", Color(0x808080)).ToColor();
-  back_color_ = read(u"BackColor", Color(system_color::kButtonFace)).ToColor();
-  behavior_ = static_cast<zktButBehavior>(read(u"Behavior", Number(0)).ToInt32());
-  value_ = static_cast<zktToggleValue>(read(u"Value", Number(0)).ToInt32());
-  ReadPropertiesAfterValue(bag);
-  surface.SetMaskColor(read(u"MaskColor", Color(system_color::kWindowText)).ToColor());
-  // The same key holds the border line's own style first and the property after it; the
-  // property is written last, so reading both gives back what was written.
-  shp_border_->SetBorderStyle(read(u"BorderStyle", Number(line_style::kInsideSolid)).ToInt16());
-  shp_border_->SetBorderWidth(read(u"BorderWidth", Number(1)).ToInt16());
-  StoreDesignMode(read(u"DesignMode", Variant(false)).ToBool());
-  shp_border_->SetBorderColor(read(u"BorderColor", Color(system_color::kWindowText)).ToColor());
-  border_style_ = static_cast<zktCmdBorderStyle>(read(u"BorderStyle", Number(1)).ToInt32());
-  StoreControlGroup(read(u"ControlGroup", Variant(u"")).ToText());
-  caption_selected_ = read(u"CaptionSelected", Variant(u"")).ToText();
-  disabled_back_color_ = read(u"DisabledBackColor", Color(system_color::kInactiveBorder)).ToColor();
-  shp_border_->SetShape(read(u"Shape", Number(0)).ToInt16());
-  show_focus_ = read(u"ShowFocus", Number(1)).ToInt32();
-  EnableInputElements(surface.Enabled());
-  Resize();
-}
-
-void ZKColorButton::WriteProperties(IPropertyBag& bag) {
-  using variant_conversion::ToVariant;
-  bag.WriteProperty(u"ForeColor", Color(fore_color_), Color(system_color::kButtonText));
-  bag.WriteProperty(u"SelectedForeColor", Color(selected_fore_color_),
-                    Color(system_color::kButtonText));
-  bag.WriteProperty(u"Enabled", Variant(Enabled()), Variant(true));
-  bag.WriteProperty(u"Font", Variant(Font()), Variant(Site().Ambient().Font()));
-  bag.WriteProperty(u"Caption", Variant(caption_), Variant(u"Text"));
-  bag.WriteProperty(u"SelectedColor", Color(selected_color_), Color(0x808080));
-  bag.WriteProperty(u"BackColor", Color(back_color_), Color(system_color::kButtonFace));
-  bag.WriteProperty(u"Behavior", ToVariant(behavior_), Number(0));
-  bag.WriteProperty(u"Value", ToVariant(value_), Number(0));
-  WritePropertiesAfterValue(bag);
-  bag.WriteProperty(u"MaskColor", Color(MaskColor()), Color(system_color::kWindowText));
-  bag.WriteProperty(u"BorderStyle", Number(shp_border_->BorderStyle()),
-                    Number(line_style::kInsideSolid));
-  bag.WriteProperty(u"BorderWidth", Number(BorderWidth()), Number(1));
-  bag.WriteProperty(u"DesignMode", Variant(DesignMode()), Variant(false));
-  bag.WriteProperty(u"BorderColor", Color(BorderColor()), Color(system_color::kWindowText));
-  bag.WriteProperty(u"BorderStyle", ToVariant(border_style_), Number(1));
-  bag.WriteProperty(u"Alignment", ToVariant(alignment_), Number(2));
-  bag.WriteProperty(u"ControlGroup", Variant(ControlGroup()), Variant(u""));
-  bag.WriteProperty(u"CaptionSelected", Variant(caption_selected_), Variant(u""));
-  bag.WriteProperty(u"DisabledBackColor", Color(disabled_back_color_),
-                    Color(system_color::kInactiveBorder));
-  bag.WriteProperty(u"Shape", Number(Shape()), Number(0));
-  bag.WriteProperty(u"ShowFocus", Number(show_focus_), Number(1));
+  EnableInputElements(Enabled());
+  Layout();
 }
 
 }  // namespace zk

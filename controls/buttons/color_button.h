@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "framework/control.h"
+#include "framework/element_mouse_relay.h"
 #include "framework/enumerations.h"
 #include "platform/elements.h"
 
@@ -21,7 +22,7 @@ class ZKColorButton : public ZKControl {
   ~ZKColorButton() override;
 
   std::u16string_view Kind() const override { return u"ZKColorButton"; }
-  const AutomationTable& Automation() const override;
+  const PropertyTable& Properties() const override;
 
   const std::u16string& Caption() const { return caption_; }
   void SetCaption(std::u16string New_Caption);
@@ -64,11 +65,6 @@ class ZKColorButton : public ZKControl {
   void SetShowFocus(int32_t New_ShowFocus);
   int32_t hDC() const;
 
-  void InitProperties() override;
-  void ReadProperties(IPropertyBag& bag) override;
-  void WriteProperties(IPropertyBag& bag) override;
-  std::span<const ArchiveField> ArchiveFields() const override;
-
   ControlEvent<> Click{EventRaised(), u"Click"};
   ControlEvent<> DblClick{EventRaised(), u"DblClick"};
   ControlEvent<int16_t&, int16_t&> KeyDown{EventRaised(), u"KeyDown"};
@@ -84,8 +80,9 @@ class ZKColorButton : public ZKControl {
   const ILabelElement& CaptionElement() const { return *lbl_caption_; }
 
  protected:
-  // The automation members of every button, with `extra` after ShowFocus.
-  static std::vector<MemberInfo> ButtonMembers(std::vector<MemberInfo> extra = {});
+  // The property rows of every button, with `extra` after ShowFocus. The bag places of the
+  // button's rows are multiples of ten, so that `extra` can take the places between them.
+  static std::vector<PropertyRow> ButtonRows(std::vector<PropertyRow> extra = {});
   static std::vector<std::u16string_view> ButtonEvents();
 
   bool Selected() const { return value_ != zktToggleUnselected; }
@@ -94,11 +91,11 @@ class ZKColorButton : public ZKControl {
   double MarginY() const;
 
   // Redraw shows the state: face colour, focus outline colour and the caption laid out.
-  void Redraw();
-  // Resize fits the shapes to the inner area and redraws; re-entry is refused.
-  void Resize();
-  // Mouse input of an inner element becomes the control's own, in control coordinates, with
-  // the host's tooltip copied into the element so that it shows over it too.
+  void Redraw() override;
+  // The layout fits the shapes to the inner area and redraws; re-entry is refused.
+  void Layout() override;
+  // Clicks and mouse input of an inner element become the control's own, in control
+  // coordinates, with the host's tooltip copied into the element so that it shows over it too.
   void HandleMouseOf(IElement& element);
 
   // Steps that a button with pictures adds to the colour button's.
@@ -111,12 +108,10 @@ class ZKColorButton : public ZKControl {
                                                  double label_height) const;
   // The inner elements that take input follow the control's enabled state.
   virtual void EnableInputElements(bool enabled);
-  // Properties persisted right after Value.
-  virtual void ReadPropertiesAfterValue(IPropertyBag& /*bag*/) {}
-  virtual void WritePropertiesAfterValue(IPropertyBag& /*bag*/) {}
-
   void OnFontChanged() override;
   void OnEnabledChanged(bool enabled) override;
+  void AfterInitProperties() override;
+  void AfterReadProperties() override;
 
  private:
   void ConnectInput();
@@ -149,6 +144,7 @@ class ZKColorButton : public ZKControl {
   double caption_left_ = 0;
   double caption_top_ = 0;
   bool resizing_ = false;
+  std::vector<std::unique_ptr<ElementMouseRelay>> element_mice_;
   std::vector<ScopedConnection> connections_;
 };
 

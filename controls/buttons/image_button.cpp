@@ -47,30 +47,41 @@ ZKImgButton::ZKImgButton(IControlSite& site)
   pic_selected_->SetVisible(false);
   HandleMouseOf(*pic_main_);
   HandleMouseOf(*pic_selected_);
-  Resize();
+  Layout();
 }
 
 ZKImgButton::~ZKImgButton() = default;
 
-const AutomationTable& ZKImgButton::Automation() const {
-  static const AutomationTable table(
-      ButtonMembers({PictureMember<&ZKImgButton::SetPicture, &ZKImgButton::Picture>(u"Picture"),
-                     PictureMember<&ZKImgButton::SetPictureSelected, &ZKImgButton::PictureSelected>(
-                         u"PictureSelected")}),
+const PropertyTable& ZKImgButton::Properties() const {
+  using Row = property_rows::Row<ZKImgButton, Variant>;
+  using property_rows::Member;
+  // Persisted right after Value; the archive does not carry pictures.
+  static const PropertyTable table(
+      ButtonRows({
+          Row(Member(PictureMember<&ZKImgButton::SetPicture, &ZKImgButton::Picture>(u"Picture")))
+              .Bag(PictureValue(nullptr), 101)
+              .Store([](ZKImgButton& c, const Variant& v) {
+                c.pic_main_->SetPicture(PictureFrom(v));
+              }),
+          Row(Member(PictureMember<&ZKImgButton::SetPictureSelected, &ZKImgButton::PictureSelected>(
+                  u"PictureSelected")))
+              .Bag(PictureValue(nullptr), 102)
+              .Store([](ZKImgButton& c, const Variant& v) {
+                c.pic_selected_->SetPicture(PictureFrom(v));
+              }),
+      }),
       ButtonEvents());
   return table;
 }
 
 void ZKImgButton::SetPicture(PictureRef New_Picture) {
   pic_main_->SetPicture(std::move(New_Picture));
-  NotifyChanged(u"Picture");
-  Resize();
+  Changed(u"Picture", Effect::kLayout);
 }
 
 void ZKImgButton::SetPictureSelected(PictureRef New_PictureSelected) {
   pic_selected_->SetPicture(std::move(New_PictureSelected));
-  NotifyChanged(u"PictureSelected");
-  Resize();
+  Changed(u"PictureSelected", Effect::kLayout);
 }
 
 void ZKImgButton::Clone(const ObjectRef& p_obj) {
@@ -152,17 +163,6 @@ void ZKImgButton::EnableInputElements(bool enabled) {
   ZKColorButton::EnableInputElements(enabled);
   pic_main_->SetEnabled(enabled);
   pic_selected_->SetEnabled(enabled);
-}
-
-void ZKImgButton::ReadPropertiesAfterValue(IPropertyBag& bag) {
-  pic_main_->SetPicture(PictureFrom(bag.ReadProperty(u"Picture", PictureValue(nullptr))));
-  pic_selected_->SetPicture(
-      PictureFrom(bag.ReadProperty(u"PictureSelected", PictureValue(nullptr))));
-}
-
-void ZKImgButton::WritePropertiesAfterValue(IPropertyBag& bag) {
-  bag.WriteProperty(u"Picture", PictureValue(Picture()), PictureValue(nullptr));
-  bag.WriteProperty(u"PictureSelected", PictureValue(PictureSelected()), PictureValue(nullptr));
 }
 
 }  // namespace zk

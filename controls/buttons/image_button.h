@@ -17,7 +17,7 @@ class ZKImgButton final : public ZKColorButton {
   ~ZKImgButton() override;
 
   std::u16string_view Kind() const override { return u"ZKImgButton"; }
-  const AutomationTable& Automation() const override;
+  const PropertyTable& Properties() const override;
 
   PictureRef Picture() const { return pic_main_->Picture(); }
   void SetPicture(PictureRef New_Picture);
@@ -33,12 +33,10 @@ class ZKImgButton final : public ZKColorButton {
  protected:
   void BeforeRedraw() override;
   void AfterResize(double width, double height) override;
-  void AfterAlignmentChanged() override { Resize(); }
+  void AfterAlignmentChanged() override { Layout(); }
   std::pair<double, double> CaptionPlace(double width, double height, double label_width,
                                          double label_height) const override;
   void EnableInputElements(bool enabled) override;
-  void ReadPropertiesAfterValue(IPropertyBag& bag) override;
-  void WritePropertiesAfterValue(IPropertyBag& bag) override;
 
  private:
   std::unique_ptr<IImageElement> pic_main_;

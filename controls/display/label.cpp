@@ -4,22 +4,11 @@
 #include <utility>
 
 #include "foundation/low_level_utils.h"
+#include "framework/layout_steps.h"
 #include "platform/platform.h"
 
 namespace zk {
 namespace {
-
-using automation::Property;
-using automation::ReadOnlyProperty;
-
-// Runs one step of a layout; a step that fails is skipped and the layout goes on.
-template <typename Step>
-void LayoutStep(Step step) {
-  try {
-    step();
-  } catch (...) {
-  }
-}
 
 // round(free space) halved with the remainder dropped: odd free space rounds toward zero.
 double HalfOf(double free_space) {
@@ -31,14 +20,6 @@ double MarginTwips(int32_t pixels, double twips_per_pixel) {
   return MLowLevelUtils::RoundHalfEven(twips_per_pixel * pixels);
 }
 
-Variant ColorVariant(OLE_COLOR color) {
-  return variant_conversion::ToVariant(color);
-}
-
-Variant Read(IPropertyBag& bag, std::u16string_view key, const Variant& default_value) {
-  return bag.ReadProperty(key, default_value);
-}
-
 }  // namespace
 
 ZKLabel::ZKLabel(IControlSite& site)
@@ -46,7 +27,8 @@ ZKLabel::ZKLabel(IControlSite& site)
       lbl_label_(Surface().CreateLabel()),
       ambient_back_color_(
           site.Ambient(), [this](OLE_COLOR color) { SetBackColor(color); },
-          [this](std::u16string_view property) { NotifyChanged(property); }) {
+          [this](std::u16string_view property) { NotifyChanged(property); }),
+      text_mouse_(site, *lbl_label_, MouseDown, MouseMove, MouseUp) {
   lbl_label_->SetBackStyle(0);  // the surface's colour shows behind the text
   lbl_label_->SetAutoSize(true);
   lbl_label_->SetCaption(u"Label");
@@ -69,94 +51,107 @@ void ZKLabel::ConnectInput() {
   connections_.push_back(ForwardTo(surface.MouseDown(), MouseDown));
   connections_.push_back(ForwardTo(surface.MouseMove(), MouseMove));
   connections_.push_back(ForwardTo(surface.MouseUp(), MouseUp));
-  connections_.push_back(
-      label.MouseDown().Connect([this](int16_t button, int16_t shift, float x, float y) {
-        RaiseFromText(MouseDown, button, shift, x, y);
-      }));
-  connections_.push_back(
-      label.MouseUp().Connect([this](int16_t button, int16_t shift, float x, float y) {
-        RaiseFromText(MouseUp, button, shift, x, y);
-      }));
-  connections_.push_back(
-      label.MouseMove().Connect([this](int16_t button, int16_t shift, float x, float y) {
-        // The host's tooltip belongs to the control; copying it lets it show over the text too.
-        try {
-          lbl_label_->SetToolTipText(Site().Extender().GetProperty(u"ToolTipText").ToText());
-        } catch (...) {
-        }
-        RaiseFromText(MouseMove, button, shift, x, y);
-      }));
+  text_mouse_.Connect(connections_);
 }
 
-void ZKLabel::RaiseFromText(ControlEvent<int16_t&, int16_t&, float&, float&>& event, int16_t button,
-                            int16_t shift, float x, float y) {
-  // The text element reports its own coordinates; the host gets the control's.
-  x += static_cast<float>(lbl_label_->Left());
-  y += static_cast<float>(lbl_label_->Top());
-  event.Raise(button, shift, x, y);
-}
-
-const AutomationTable& ZKLabel::Automation() const {
-  static const AutomationTable table(
+const PropertyTable& ZKLabel::Properties() const {
+  using property_rows::Internal;
+  using property_rows::Property;
+  using L = ZKLabel;
+  static const PropertyTable table(
       {
-          Property(u"ForeColor", &ZKLabel::ForeColor, &ZKLabel::SetForeColor),
-          CommonMember(u"Enabled"),
-          Property(u"BorderStyle", &ZKLabel::BorderStyle, &ZKLabel::SetBorderStyle),
-          CommonMember(u"Refresh"),
-          Property(u"Alignment", &ZKLabel::Alignment, &ZKLabel::SetAlignment),
-          Property(u"Appearance", &ZKLabel::Appearance, &ZKLabel::SetAppearance),
-          Property(u"Caption", &ZKLabel::Caption, &ZKLabel::SetCaption, dispatch_id::kCaption),
-          CommonMember(u"hWnd"),
-          CommonMember(u"PopupMenu"),
-          Property(u"UseMnemonic", &ZKLabel::UseMnemonic, &ZKLabel::SetUseMnemonic),
-          CommonMember(u"DesignMode"),
-          CommonMember(u"Clone"),
-          CommonMember(u"GetArchiveStr"),
-          CommonMember(u"ParseArchiveStr"),
-          Property(u"AutoSize", &ZKLabel::AutoSize, &ZKLabel::SetAutoSize, dispatch_id::kAutoSize),
-          Property(u"BackColor", &ZKLabel::BackColor, &ZKLabel::SetBackColor),
-          CommonMember(u"ControlGroup"),
-          Property(u"AmbientBackColor", &ZKLabel::AmbientBackColor, &ZKLabel::SetAmbientBackColor),
-          Property(u"WordWrap", &ZKLabel::WordWrap, &ZKLabel::SetWordWrap),
-          Property(u"VerticalAlignment", &ZKLabel::VerticalAlignment,
-                   &ZKLabel::SetVerticalAlignment),
-          Property(u"BorderMargin", &ZKLabel::BorderMargin, &ZKLabel::SetBorderMargin),
-          CommonMember(u"Font", dispatch_id::kFont),
-          CommonMember(u"ExtraProp"),
-          CommonMember(u"ExtraAction"),
+          Property(u"ForeColor", &L::ForeColor, &L::SetForeColor)
+              .Archive(11)
+              .New(Ambient::kForeColor, InitBy::kSetter)
+              .Bag(ColorValue(system_color::kButtonText), 1)
+              .Store([](L& c, OLE_COLOR v) { c.lbl_label_->SetForeColor(v); }),
+          Common<L>(u"Enabled").Bag(Variant(true), 2),
+          Property(u"BorderStyle", &L::BorderStyle, &L::SetBorderStyle)
+              .Archive(9)
+              .New(Variant(int32_t{zktBSNone}))
+              .Bag(Variant(int32_t{0}), 4)
+              .Store([](L& c, zktCmdBorderStyle v) {
+                c.Surface().SetBorderStyle(static_cast<int16_t>(v));
+              }),
+          Common<L>(u"Refresh"),
+          Property(u"Alignment", &L::Alignment, &L::SetAlignment)
+              .Archive(2)
+              .New(Variant(int32_t{zktTextAlignLeft}))
+              .Bag(Variant(int32_t{0}), 5)
+              .Store([](L& c, zktTextAlignment v) {
+                c.lbl_label_->SetAlignment(static_cast<int16_t>(v));
+              }),
+          // The surface resets its colour with the appearance: stored before BackColor.
+          Property(u"Appearance", &L::Appearance, &L::SetAppearance)
+              .Archive(5)
+              .New(Variant(int32_t{zktAp3d}))
+              .Bag(Variant(int32_t{1}), 6)
+              .Store([](L& c, zktAppearance v) {
+                c.Surface().SetAppearance(static_cast<int16_t>(v));
+              }),
+          Property(u"Caption", &L::Caption, &L::SetCaption, dispatch_id::kCaption)
+              .Archive(1)
+              .New(u"Label")
+              .Bag(u"Label", 7)
+              .Store([](L& c, const std::u16string& v) { c.lbl_label_->SetCaption(v); }),
+          Common<L>(u"hWnd"),
+          Common<L>(u"PopupMenu"),
+          Property(u"UseMnemonic", &L::UseMnemonic, &L::SetUseMnemonic)
+              .Archive(13)
+              .New(Variant(true))
+              .Bag(Variant(true), 8)
+              .Store([](L& c, bool v) { c.lbl_label_->SetUseMnemonic(v); }),
+          Common<L>(u"DesignMode").Archive(15).Bag(Variant(false), 9),
+          Common<L>(u"Clone"),
+          Common<L>(u"GetArchiveStr"),
+          Common<L>(u"ParseArchiveStr"),
+          Property(u"AutoSize", &L::AutoSize, &L::SetAutoSize, dispatch_id::kAutoSize)
+              .Archive(4)
+              .New(Variant(false))
+              .Bag(Variant(false), 10)
+              .Store(&L::auto_size_),
+          // An explicit colour turns AmbientBackColor off; the flag is stored after it.
+          Property(u"BackColor", &L::BackColor, &L::SetBackColor)
+              .Archive(7)
+              .New(Ambient::kBackColor, InitBy::kSetter)
+              .Bag(ColorValue(system_color::kWindowBackground), 11)
+              .Store([](L& c, OLE_COLOR v) { c.Surface().SetBackColor(v); }),
+          Common<L>(u"ControlGroup").Archive(16).Bag(u"", 12),
+          Property(u"AmbientBackColor", &L::AmbientBackColor, &L::SetAmbientBackColor)
+              .Archive(8)
+              .New(Variant(true))
+              .Bag(Variant(true), 13)
+              .Store([](L& c, bool v) { c.ambient_back_color_.Store(v); }),
+          Property(u"WordWrap", &L::WordWrap, &L::SetWordWrap)
+              .Archive(14)
+              .New(Variant(false))
+              .Bag(Variant(false), 14)
+              .Store([](L& c, bool v) { c.lbl_label_->SetWordWrap(v); }),
+          Property(u"VerticalAlignment", &L::VerticalAlignment, &L::SetVerticalAlignment)
+              .Archive(3)
+              .New(Variant(int32_t{zktTextVAlignCenter}))
+              .Bag(Variant(int32_t{2}), 15)
+              .Store(&L::vertical_alignment_),
+          Property(u"BorderMargin", &L::BorderMargin, &L::SetBorderMargin)
+              .Archive(10)
+              .New(Variant(int32_t{2}))
+              .Bag(Variant(int32_t{2}), 16)
+              .Store(&L::border_margin_),
+          Common<L>(u"Font", dispatch_id::kFont)
+              .Archive(12)
+              .New(Ambient::kFont, InitBy::kSetter)
+              .Bag(Ambient::kFont, 3),
+          Common<L>(u"ExtraProp"),
+          Common<L>(u"ExtraAction"),
+          // The surface's pointer shape: carried by the archive, though no property offers it.
+          Internal<L, int16_t>(ArchiveKind::kNumber)
+              .Archive(6)
+              .Describe(u"the surface's pointer shape")
+              .Stored([](L& c) { return int32_t{c.Surface().MousePointer()}; })
+              .Store([](L& c, int16_t v) { c.Surface().SetMousePointer(v); }),
       },
       {u"Click", u"DblClick", u"MouseMove", u"MouseUp", u"MouseDown"});
   return table;
-}
-
-std::span<const ArchiveField> ZKLabel::ArchiveFields() const {
-  static const std::array<ArchiveField, 16> fields = {{
-      {ArchiveKind::kText, u"Caption"},
-      {ArchiveKind::kNumber, u"Alignment"},
-      {ArchiveKind::kNumber, u"VerticalAlignment"},
-      {ArchiveKind::kBool, u"AutoSize"},
-      {ArchiveKind::kNumber, u"Appearance"},
-      // The surface's pointer shape: carried by the archive, though no property offers it.
-      {ArchiveKind::kNumber, u"",
-       [](ZKControl& control) {
-         return Variant(int32_t{static_cast<ZKLabel&>(control).Surface().MousePointer()});
-       },
-       [](ZKControl& control, const Variant& value) {
-         static_cast<ZKLabel&>(control).Surface().SetMousePointer(value.ToInt16());
-       },
-       u"the surface's pointer shape"},
-      {ArchiveKind::kNumber, u"BackColor"},
-      {ArchiveKind::kBool, u"AmbientBackColor"},
-      {ArchiveKind::kNumber, u"BorderStyle"},
-      {ArchiveKind::kNumber, u"BorderMargin"},
-      {ArchiveKind::kNumber, u"ForeColor"},
-      {ArchiveKind::kFont, u"Font"},
-      {ArchiveKind::kBool, u"UseMnemonic"},
-      {ArchiveKind::kBool, u"WordWrap"},
-      {ArchiveKind::kBool, u"DesignMode"},
-      {ArchiveKind::kText, u"ControlGroup"},
-  }};
-  return fields;
 }
 
 std::u16string ZKLabel::Caption() const {
@@ -165,8 +160,7 @@ std::u16string ZKLabel::Caption() const {
 
 void ZKLabel::SetCaption(std::u16string New_Caption) {
   lbl_label_->SetCaption(New_Caption);
-  NotifyChanged(u"Caption");
-  Layout();
+  Changed(u"Caption", Effect::kLayout);
 }
 
 zktTextAlignment ZKLabel::Alignment() const {
@@ -176,8 +170,7 @@ zktTextAlignment ZKLabel::Alignment() const {
 void ZKLabel::SetAlignment(zktTextAlignment New_Alignment) {
   if (New_Alignment < zktTextAlignLeft || New_Alignment > zktTextAlignCenter) return;
   lbl_label_->SetAlignment(static_cast<int16_t>(New_Alignment));
-  NotifyChanged(u"Alignment");
-  Layout();
+  Changed(u"Alignment", Effect::kLayout);
 }
 
 void ZKLabel::SetVerticalAlignment(zktTextVerticalAlignment New_VerticalAlignment) {
@@ -185,14 +178,12 @@ void ZKLabel::SetVerticalAlignment(zktTextVerticalAlignment New_VerticalAlignmen
     return;
   }
   vertical_alignment_ = New_VerticalAlignment;
-  NotifyChanged(u"VerticalAlignment");
-  Layout();
+  Changed(u"VerticalAlignment", Effect::kLayout);
 }
 
 void ZKLabel::SetAutoSize(bool New_AutoSize) {
   auto_size_ = New_AutoSize;
-  NotifyChanged(u"AutoSize");
-  Layout();
+  Changed(u"AutoSize", Effect::kLayout);
 }
 
 zktAppearance ZKLabel::Appearance() const {
@@ -205,7 +196,7 @@ void ZKLabel::SetAppearance(zktAppearance New_Appearance) {
   // The surface resets its colour with the appearance; a label that follows the container
   // takes the container's colour again.
   ambient_back_color_.Reapply();
-  NotifyChanged(u"Appearance");
+  Changed(u"Appearance");
 }
 
 OLE_COLOR ZKLabel::BackColor() const {
@@ -215,7 +206,7 @@ OLE_COLOR ZKLabel::BackColor() const {
 void ZKLabel::SetBackColor(OLE_COLOR New_BackColor) {
   ambient_back_color_.BeforeBackColorWrite();
   Surface().SetBackColor(New_BackColor);
-  NotifyChanged(u"BackColor");
+  Changed(u"BackColor");
 }
 
 void ZKLabel::SetAmbientBackColor(bool New_AmbientBackColor) {
@@ -229,14 +220,13 @@ zktCmdBorderStyle ZKLabel::BorderStyle() const {
 void ZKLabel::SetBorderStyle(zktCmdBorderStyle New_BorderStyle) {
   if (New_BorderStyle != zktBSNone && New_BorderStyle != zktBSSolid) return;
   Surface().SetBorderStyle(static_cast<int16_t>(New_BorderStyle));
-  NotifyChanged(u"BorderStyle");
+  Changed(u"BorderStyle");
 }
 
 void ZKLabel::SetBorderMargin(int32_t New_BorderMargin) {
   if (New_BorderMargin < 0) return;
   border_margin_ = New_BorderMargin;
-  NotifyChanged(u"BorderMargin");
-  Layout();
+  Changed(u"BorderMargin", Effect::kLayout);
 }
 
 OLE_COLOR ZKLabel::ForeColor() const {
@@ -245,7 +235,7 @@ OLE_COLOR ZKLabel::ForeColor() const {
 
 void ZKLabel::SetForeColor(OLE_COLOR New_ForeColor) {
   lbl_label_->SetForeColor(New_ForeColor);
-  NotifyChanged(u"ForeColor");
+  Changed(u"ForeColor");
 }
 
 bool ZKLabel::UseMnemonic() const {
@@ -254,7 +244,7 @@ bool ZKLabel::UseMnemonic() const {
 
 void ZKLabel::SetUseMnemonic(bool New_UseMnemonic) {
   lbl_label_->SetUseMnemonic(New_UseMnemonic);
-  NotifyChanged(u"UseMnemonic");
+  Changed(u"UseMnemonic");
 }
 
 bool ZKLabel::WordWrap() const {
@@ -263,8 +253,7 @@ bool ZKLabel::WordWrap() const {
 
 void ZKLabel::SetWordWrap(bool New_WordWrap) {
   lbl_label_->SetWordWrap(New_WordWrap);
-  NotifyChanged(u"WordWrap");
-  Layout();
+  Changed(u"WordWrap", Effect::kLayout);
 }
 
 void ZKLabel::OnFontChanged() {
@@ -282,32 +271,32 @@ void ZKLabel::OnAmbientChanged(std::u16string_view property) {
 
 void ZKLabel::Layout() {
   if (laying_out_) return;
-  laying_out_ = true;
+  const FlagScope guard(laying_out_);
   ISurface& surface = Surface();
   ILabelElement& label = *lbl_label_;
   double mx = 0;
   double my = 0;
-  LayoutStep([&] {
+  IgnoringFailure([&] {
     const IScreen& screen = CurrentPlatform().Screen();
     mx = MarginTwips(border_margin_, screen.TwipsPerPixelX());
     my = MarginTwips(border_margin_, screen.TwipsPerPixelY());
   });
   if (auto_size_) {
-    LayoutStep([&] { label.SetAutoSize(true); });
-    LayoutStep([&] { label.Move(0, 0, label.Width(), label.Height()); });
-    LayoutStep([&] { surface.SetSize(label.Width(), label.Height()); });
+    IgnoringFailure([&] { label.SetAutoSize(true); });
+    IgnoringFailure([&] { label.Move(0, 0, label.Width(), label.Height()); });
+    IgnoringFailure([&] { surface.SetSize(label.Width(), label.Height()); });
   } else {
     const double width = surface.Width();
     const double height = surface.Height();
-    LayoutStep([&] { label.SetAutoSize(false); });
-    LayoutStep([&] { label.SetHeight(height > 2 * my ? height - 2 * my : 0); });
-    LayoutStep([&] { label.SetWidth(width > 2 * mx ? width - 2 * mx : 0); });
-    LayoutStep([&] { label.SetAutoSize(true); });
-    LayoutStep([&] {
+    IgnoringFailure([&] { label.SetAutoSize(false); });
+    IgnoringFailure([&] { label.SetHeight(height > 2 * my ? height - 2 * my : 0); });
+    IgnoringFailure([&] { label.SetWidth(width > 2 * mx ? width - 2 * mx : 0); });
+    IgnoringFailure([&] { label.SetAutoSize(true); });
+    IgnoringFailure([&] {
       label.SetCaption(label.Caption());
       label.Refresh();
     });
-    LayoutStep([&] {
+    IgnoringFailure([&] {
       switch (label.Alignment()) {
         case zktTextAlignLeft:
           label.SetLeft(mx);
@@ -320,7 +309,7 @@ void ZKLabel::Layout() {
           break;
       }
     });
-    LayoutStep([&] {
+    IgnoringFailure([&] {
       switch (vertical_alignment_) {
         case zktTextVAlignTop:
           label.SetTop(my);
@@ -334,77 +323,16 @@ void ZKLabel::Layout() {
       }
     });
   }
-  laying_out_ = false;
 }
 
-void ZKLabel::InitProperties() {
-  IAmbientProperties& ambient = Site().Ambient();
-  Surface().SetAppearance(zktAp3d);
-  Surface().SetBorderStyle(zktBSNone);
-  lbl_label_->SetCaption(u"Label");
-  lbl_label_->SetAlignment(zktTextAlignLeft);
-  lbl_label_->SetUseMnemonic(true);
-  lbl_label_->SetWordWrap(false);
-  SetBackColor(ambient.BackColor());
-  SetForeColor(ambient.ForeColor());
-  SetFont(ambient.Font());
-  ambient_back_color_.Store(true);
-  StoreControlGroup({});
-  StoreDesignMode(false);
-  vertical_alignment_ = zktTextVAlignCenter;
-  border_margin_ = 2;
-  auto_size_ = false;
+void ZKLabel::AfterInitProperties() {
   Layout();
 }
 
-void ZKLabel::ReadProperties(IPropertyBag& bag) {
-  using variant_conversion::FromVariant;
-  ISurface& surface = Surface();
-  ILabelElement& label = *lbl_label_;
-  label.SetForeColor(Read(bag, u"ForeColor", ColorVariant(system_color::kButtonText)).ToColor());
-  surface.SetEnabled(Read(bag, u"Enabled", Variant(true)).ToBool());
-  if (FontRef font = FromVariant<FontRef>(Read(bag, u"Font", Variant(Site().Ambient().Font())))) {
-    AdoptFont(font->Clone());
-  }
-  label.SetFont(Font()->Description());
-  surface.SetBorderStyle(Read(bag, u"BorderStyle", Variant(int32_t{0})).ToInt16());
-  label.SetAlignment(Read(bag, u"Alignment", Variant(int32_t{0})).ToInt16());
-  surface.SetAppearance(Read(bag, u"Appearance", Variant(int32_t{1})).ToInt16());
-  label.SetCaption(Read(bag, u"Caption", Variant(u"Label")).ToText());
-  label.SetUseMnemonic(Read(bag, u"UseMnemonic", Variant(true)).ToBool());
-  StoreDesignMode(Read(bag, u"DesignMode", Variant(false)).ToBool());
-  auto_size_ = Read(bag, u"AutoSize", Variant(false)).ToBool();
-  surface.SetBackColor(
-      Read(bag, u"BackColor", ColorVariant(system_color::kWindowBackground)).ToColor());
-  StoreControlGroup(Read(bag, u"ControlGroup", Variant(u"")).ToText());
-  ambient_back_color_.Store(Read(bag, u"AmbientBackColor", Variant(true)).ToBool());
-  label.SetWordWrap(Read(bag, u"WordWrap", Variant(false)).ToBool());
-  vertical_alignment_ = static_cast<zktTextVerticalAlignment>(
-      Read(bag, u"VerticalAlignment", Variant(int32_t{2})).ToInt32());
-  border_margin_ = Read(bag, u"BorderMargin", Variant(int32_t{2})).ToInt32();
-  label.SetEnabled(surface.Enabled());
+void ZKLabel::AfterReadProperties() {
+  lbl_label_->SetFont(Font()->Description());
+  lbl_label_->SetEnabled(Enabled());
   Layout();
-}
-
-void ZKLabel::WriteProperties(IPropertyBag& bag) {
-  using variant_conversion::ToVariant;
-  bag.WriteProperty(u"ForeColor", ToVariant(ForeColor()), ColorVariant(system_color::kButtonText));
-  bag.WriteProperty(u"Enabled", Variant(Enabled()), Variant(true));
-  bag.WriteProperty(u"Font", Variant(Font()), Variant(Site().Ambient().Font()));
-  bag.WriteProperty(u"BorderStyle", ToVariant(BorderStyle()), Variant(int32_t{0}));
-  bag.WriteProperty(u"Alignment", ToVariant(Alignment()), Variant(int32_t{0}));
-  bag.WriteProperty(u"Appearance", ToVariant(Appearance()), Variant(int32_t{1}));
-  bag.WriteProperty(u"Caption", Variant(Caption()), Variant(u"Label"));
-  bag.WriteProperty(u"UseMnemonic", Variant(UseMnemonic()), Variant(true));
-  bag.WriteProperty(u"DesignMode", Variant(DesignMode()), Variant(false));
-  bag.WriteProperty(u"AutoSize", Variant(AutoSize()), Variant(false));
-  bag.WriteProperty(u"BackColor", ToVariant(BackColor()),
-                    ColorVariant(system_color::kWindowBackground));
-  bag.WriteProperty(u"ControlGroup", Variant(ControlGroup()), Variant(u""));
-  bag.WriteProperty(u"AmbientBackColor", Variant(AmbientBackColor()), Variant(true));
-  bag.WriteProperty(u"WordWrap", Variant(WordWrap()), Variant(false));
-  bag.WriteProperty(u"VerticalAlignment", ToVariant(VerticalAlignment()), Variant(int32_t{2}));
-  bag.WriteProperty(u"BorderMargin", Variant(BorderMargin()), Variant(int32_t{2}));
 }
 
 }  // namespace zk

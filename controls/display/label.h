@@ -6,6 +6,7 @@
 
 #include "framework/ambient_back_color.h"
 #include "framework/control.h"
+#include "framework/element_mouse_relay.h"
 #include "framework/enumerations.h"
 #include "platform/elements.h"
 
@@ -20,7 +21,7 @@ class ZKLabel final : public ZKControl {
   ~ZKLabel() override;
 
   std::u16string_view Kind() const override { return u"ZKLabel"; }
-  const AutomationTable& Automation() const override;
+  const PropertyTable& Properties() const override;
 
   std::u16string Caption() const;
   void SetCaption(std::u16string New_Caption);
@@ -51,11 +52,6 @@ class ZKLabel final : public ZKControl {
   bool WordWrap() const;
   void SetWordWrap(bool New_WordWrap);
 
-  void InitProperties() override;
-  void ReadProperties(IPropertyBag& bag) override;
-  void WriteProperties(IPropertyBag& bag) override;
-  std::span<const ArchiveField> ArchiveFields() const override;
-
   ControlEvent<> Click{EventRaised(), u"Click"};
   ControlEvent<> DblClick{EventRaised(), u"DblClick"};
   ControlEvent<int16_t&, int16_t&, float&, float&> MouseMove{EventRaised(), u"MouseMove"};
@@ -69,15 +65,16 @@ class ZKLabel final : public ZKControl {
   void OnFontChanged() override;
   void OnEnabledChanged(bool enabled) override;
   void OnAmbientChanged(std::u16string_view property) override;
+  void Layout() override;
+  void AfterInitProperties() override;
+  void AfterReadProperties() override;
 
  private:
-  void Layout();
   void ConnectInput();
-  void RaiseFromText(ControlEvent<int16_t&, int16_t&, float&, float&>& event, int16_t button,
-                     int16_t shift, float x, float y);
 
   std::unique_ptr<ILabelElement> lbl_label_;
   AmbientBackColorBinding ambient_back_color_;
+  ElementMouseRelay text_mouse_;
   int32_t border_margin_ = 2;
   zktTextVerticalAlignment vertical_alignment_ = zktTextVAlignCenter;
   bool auto_size_ = false;

@@ -7,9 +7,6 @@
 namespace zk {
 namespace {
 
-using automation::Property;
-using variant_conversion::ToVariant;
-
 constexpr int16_t kLargestBorder = 8192;
 
 }  // namespace
@@ -38,51 +35,65 @@ ZKLed::~ZKLed() {
   timer_.SetEnabled(false);
 }
 
-const AutomationTable& ZKLed::Automation() const {
-  static const AutomationTable table(
+const PropertyTable& ZKLed::Properties() const {
+  using property_rows::Property;
+  static const PropertyTable table(
       {
-          CommonMember(u"Enabled"),
-          Property(u"Lit", &ZKLed::Lit, &ZKLed::SetLit),
-          Property(u"LedShape", &ZKLed::LedShape, &ZKLed::SetLedShape),
-          Property(u"ColorOn", &ZKLed::ColorOn, &ZKLed::SetColorOn),
-          Property(u"ColorOff", &ZKLed::ColorOff, &ZKLed::SetColorOff),
-          CommonMember(u"DesignMode"),
-          CommonMember(u"hWnd"),
-          Property(u"BorderWidth", &ZKLed::BorderWidth, &ZKLed::SetBorderWidth),
-          CommonMember(u"PopupMenu"),
-          CommonMember(u"Clone"),
-          CommonMember(u"GetArchiveStr"),
-          CommonMember(u"ParseArchiveStr"),
-          CommonMember(u"ControlGroup"),
-          Property(u"FlashEnabled", &ZKLed::FlashEnabled, &ZKLed::SetFlashEnabled),
-          Property(u"FlashInterval", &ZKLed::FlashInterval, &ZKLed::SetFlashInterval),
-          CommonMember(u"ExtraProp"),
-          CommonMember(u"ExtraAction"),
+          Common<ZKLed>(u"Enabled").Bag(Variant(true), 1),
+          Property(u"Lit", &ZKLed::Lit, &ZKLed::SetLit)
+              .Archive(4)
+              .New(Variant(false))
+              .Bag(Variant(false), 2)
+              .Store(&ZKLed::lit_),
+          Property(u"LedShape", &ZKLed::LedShape, &ZKLed::SetLedShape)
+              .Archive(1)
+              .New(Variant(int32_t{shape_code::kCircle}))
+              .Bag(Variant(int32_t{3}), 5)
+              .Store([](ZKLed& c, int16_t v) { c.shp_led_->SetShape(v); }),
+          Property(u"ColorOn", &ZKLed::ColorOn, &ZKLed::SetColorOn)
+              .Archive(2)
+              .New(Variant(int32_t{65280}))
+              .Bag(Variant(int32_t{65280}), 3)
+              .Store(&ZKLed::color_on_),
+          Property(u"ColorOff", &ZKLed::ColorOff, &ZKLed::SetColorOff)
+              .Archive(3)
+              .New(Variant(int32_t{16777215}))
+              .Bag(Variant(int32_t{16777215}), 4)
+              .Store(&ZKLed::color_off_),
+          Common<ZKLed>(u"DesignMode").Archive(8).Bag(Variant(false), 6),
+          Common<ZKLed>(u"hWnd"),
+          Property(u"BorderWidth", &ZKLed::BorderWidth, &ZKLed::SetBorderWidth)
+              .Archive(5)
+              .New(Variant(int32_t{1}))
+              .Bag(Variant(int32_t{1}), 7)
+              .Store(&ZKLed::border_width_),
+          Common<ZKLed>(u"PopupMenu"),
+          Common<ZKLed>(u"Clone"),
+          Common<ZKLed>(u"GetArchiveStr"),
+          Common<ZKLed>(u"ParseArchiveStr"),
+          Common<ZKLed>(u"ControlGroup").Archive(9).Bag(u"", 8),
+          Property(u"FlashEnabled", &ZKLed::FlashEnabled, &ZKLed::SetFlashEnabled)
+              .Archive(6)
+              .New(Variant(false))
+              .Bag(Variant(false), 9)
+              .Store(&ZKLed::flash_enabled_),
+          Property(u"FlashInterval", &ZKLed::FlashInterval, &ZKLed::SetFlashInterval)
+              .Archive(7)
+              .New(Variant(int32_t{500}))
+              .Bag(Variant(int32_t{500}), 10)
+              .Store(&ZKLed::flash_interval_),
+          Common<ZKLed>(u"ExtraProp"),
+          Common<ZKLed>(u"ExtraAction"),
       },
       {u"Click", u"Change", u"MouseUp", u"MouseDown"});
   return table;
-}
-
-std::span<const ArchiveField> ZKLed::ArchiveFields() const {
-  static const std::array<ArchiveField, 9> fields = {{
-      {ArchiveKind::kNumber, u"LedShape"},
-      {ArchiveKind::kNumber, u"ColorOn"},
-      {ArchiveKind::kNumber, u"ColorOff"},
-      {ArchiveKind::kBool, u"Lit"},
-      {ArchiveKind::kNumber, u"BorderWidth"},
-      {ArchiveKind::kBool, u"FlashEnabled"},
-      {ArchiveKind::kNumber, u"FlashInterval"},
-      {ArchiveKind::kBool, u"DesignMode"},
-      {ArchiveKind::kText, u"ControlGroup"},
-  }};
-  return fields;
 }
 
 void ZKLed::SetLit(bool New_Lit) {
   const bool changed = New_Lit != lit_;
   lit_ = New_Lit;
   shp_led_->SetFillColor(lit_ ? color_on_ : color_off_);
-  NotifyChanged(u"Lit");
+  Changed(u"Lit");
   if (changed) Change.Raise();
 }
 
@@ -93,20 +104,19 @@ int16_t ZKLed::LedShape() const {
 void ZKLed::SetLedShape(int16_t New_LedShape) {
   if (New_LedShape < shape_code::kRectangle || New_LedShape > shape_code::kRoundedSquare) return;
   shp_led_->SetShape(New_LedShape);
-  Layout();
-  NotifyChanged(u"LedShape");
+  Changed(u"LedShape", Effect::kLayout);
 }
 
 void ZKLed::SetColorOn(OLE_COLOR New_ColorOn) {
   color_on_ = New_ColorOn;
   if (lit_) shp_led_->SetFillColor(color_on_);
-  NotifyChanged(u"ColorOn");
+  Changed(u"ColorOn");
 }
 
 void ZKLed::SetColorOff(OLE_COLOR New_ColorOff) {
   color_off_ = New_ColorOff;
   if (!lit_) shp_led_->SetFillColor(color_off_);
-  NotifyChanged(u"ColorOff");
+  Changed(u"ColorOff");
 }
 
 void ZKLed::ApplyOutline() {
@@ -122,7 +132,7 @@ void ZKLed::SetBorderWidth(int16_t New_BorderWidth) {
   if (New_BorderWidth < 0 || New_BorderWidth > kLargestBorder) return;
   border_width_ = New_BorderWidth;
   ApplyOutline();
-  NotifyChanged(u"BorderWidth");
+  Changed(u"BorderWidth");
 }
 
 void ZKLed::ApplyFlashing() {
@@ -134,14 +144,14 @@ void ZKLed::ApplyFlashing() {
 void ZKLed::SetFlashEnabled(bool New_FlashEnabled) {
   flash_enabled_ = New_FlashEnabled;
   ApplyFlashing();
-  NotifyChanged(u"FlashEnabled");
+  Changed(u"FlashEnabled");
 }
 
 void ZKLed::SetFlashInterval(int32_t New_FlashInterval) {
   if (New_FlashInterval < 0) return;
   flash_interval_ = New_FlashInterval;
   timer_.SetInterval(flash_interval_);
-  NotifyChanged(u"FlashInterval");
+  Changed(u"FlashInterval");
 }
 
 void ZKLed::Layout() {
@@ -152,47 +162,15 @@ void ZKLed::Layout() {
   }
 }
 
-void ZKLed::InitProperties() {
-  lit_ = false;
-  color_off_ = 16777215;
-  color_on_ = 65280;
-  shp_led_->SetShape(shape_code::kCircle);
-  border_width_ = 1;
+void ZKLed::AfterInitProperties() {
   ApplyOutline();
-  StoreDesignMode(false);
-  StoreControlGroup({});
-  flash_enabled_ = false;
-  flash_interval_ = 500;
 }
 
-void ZKLed::ReadProperties(IPropertyBag& bag) {
-  Surface().SetEnabled(bag.ReadProperty(u"Enabled", Variant(true)).ToBool());
-  lit_ = bag.ReadProperty(u"Lit", Variant(false)).ToBool();
-  color_on_ = bag.ReadProperty(u"ColorOn", Variant(int32_t{65280})).ToColor();
-  color_off_ = bag.ReadProperty(u"ColorOff", Variant(int32_t{16777215})).ToColor();
-  shp_led_->SetShape(bag.ReadProperty(u"LedShape", Variant(int32_t{3})).ToInt16());
-  StoreDesignMode(bag.ReadProperty(u"DesignMode", Variant(false)).ToBool());
-  border_width_ = bag.ReadProperty(u"BorderWidth", Variant(int32_t{1})).ToInt16();
-  StoreControlGroup(bag.ReadProperty(u"ControlGroup", Variant(u"")).ToText());
-  flash_enabled_ = bag.ReadProperty(u"FlashEnabled", Variant(false)).ToBool();
-  flash_interval_ = bag.ReadProperty(u"FlashInterval", Variant(int32_t{500})).ToInt32();
+void ZKLed::AfterReadProperties() {
   shp_led_->SetBorderWidth(1);
   shp_led_->SetFillColor(lit_ ? color_on_ : color_off_);
   ApplyOutline();
   ApplyFlashing();
-}
-
-void ZKLed::WriteProperties(IPropertyBag& bag) {
-  bag.WriteProperty(u"Enabled", Variant(Enabled()), Variant(true));
-  bag.WriteProperty(u"Lit", Variant(lit_), Variant(false));
-  bag.WriteProperty(u"ColorOn", ToVariant(color_on_), Variant(int32_t{65280}));
-  bag.WriteProperty(u"ColorOff", ToVariant(color_off_), Variant(int32_t{16777215}));
-  bag.WriteProperty(u"LedShape", ToVariant(LedShape()), Variant(int32_t{3}));
-  bag.WriteProperty(u"DesignMode", Variant(DesignMode()), Variant(false));
-  bag.WriteProperty(u"BorderWidth", ToVariant(border_width_), Variant(int32_t{1}));
-  bag.WriteProperty(u"ControlGroup", Variant(ControlGroup()), Variant(u""));
-  bag.WriteProperty(u"FlashEnabled", Variant(flash_enabled_), Variant(false));
-  bag.WriteProperty(u"FlashInterval", Variant(flash_interval_), Variant(int32_t{500}));
 }
 
 }  // namespace zk

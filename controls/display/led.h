@@ -19,7 +19,7 @@ class ZKLed final : public ZKControl {
   ~ZKLed() override;
 
   std::u16string_view Kind() const override { return u"ZKLed"; }
-  const AutomationTable& Automation() const override;
+  const PropertyTable& Properties() const override;
 
   bool Lit() const { return lit_; }
   // Recolours and notifies on every write; Change only when the value changes.
@@ -40,11 +40,6 @@ class ZKLed final : public ZKControl {
   int32_t FlashInterval() const { return flash_interval_; }
   void SetFlashInterval(int32_t New_FlashInterval);
 
-  void InitProperties() override;
-  void ReadProperties(IPropertyBag& bag) override;
-  void WriteProperties(IPropertyBag& bag) override;
-  std::span<const ArchiveField> ArchiveFields() const override;
-
   ControlEvent<> Click{EventRaised(), u"Click"};
   ControlEvent<> Change{EventRaised(), u"Change"};
   ControlEvent<int16_t&, int16_t&, float&, float&> MouseUp{EventRaised(), u"MouseUp"};
@@ -53,10 +48,14 @@ class ZKLed final : public ZKControl {
   // The lamp's shape element, for hosts and tests that look at what it shows.
   const IShapeElement& LampShape() const { return *shp_led_; }
 
+ protected:
+  void Layout() override;
+  void AfterInitProperties() override;
+  void AfterReadProperties() override;
+
  private:
   void ApplyOutline();
   void ApplyFlashing();
-  void Layout();
 
   std::unique_ptr<IShapeElement> shp_led_;
   bool lit_ = false;

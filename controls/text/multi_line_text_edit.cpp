@@ -11,8 +11,8 @@ constexpr int32_t kOwnIdentifier = 0;
 
 ZKMultiLineTextEdit::ZKMultiLineTextEdit(IControlSite& site) : ZKTextEdit(site, true) {}
 
-const AutomationTable& ZKMultiLineTextEdit::Automation() const {
-  static const AutomationTable table(TextEditMembers(kOwnIdentifier), TextEditEvents());
+const PropertyTable& ZKMultiLineTextEdit::Properties() const {
+  static const PropertyTable table(TextEditRows(kOwnIdentifier), TextEditEvents());
   return table;
 }
 

@@ -16,7 +16,7 @@ class ZKMultiLineTextEdit final : public ZKTextEdit {
 
   std::u16string_view Kind() const override { return u"ZKMultiLineTextEdit"; }
   // As the one-line control's, with Font under an identifier of its own.
-  const AutomationTable& Automation() const override;
+  const PropertyTable& Properties() const override;
 
  protected:
   // Ctrl+Tab would put a tab into the text; a typed value has no place for one.

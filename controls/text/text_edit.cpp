@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "foundation/gui_utils.h"
+#include "framework/layout_steps.h"
 #include "platform/platform.h"
 #include "platform/window_messages.h"
 
@@ -11,30 +12,8 @@ namespace zk {
 namespace {
 
 using automation::Method;
-using automation::Property;
-using automation::ReadOnlyProperty;
 
 constexpr int32_t kNoLimit = 0;
-
-Variant Color(OLE_COLOR color) {
-  return variant_conversion::ToVariant(color);
-}
-
-Variant Number(int32_t value) {
-  return Variant(value);
-}
-
-// Clears a re-entry flag however the guarded work ends.
-class FlagScope {
- public:
-  explicit FlagScope(bool& flag) : flag_(flag) { flag_ = true; }
-  FlagScope(const FlagScope&) = delete;
-  FlagScope& operator=(const FlagScope&) = delete;
-  ~FlagScope() { flag_ = false; }
-
- private:
-  bool& flag_;
-};
 
 }  // namespace
 
@@ -43,7 +22,8 @@ ZKTextEdit::ZKTextEdit(IControlSite& site) : ZKTextEdit(site, false) {}
 ZKTextEdit::ZKTextEdit(IControlSite& site, bool multi_line)
     : ZKControl(site),
       multi_line_(multi_line),
-      ted_text_edit_(Surface().CreateTextBox(multi_line)) {
+      ted_text_edit_(Surface().CreateTextBox(multi_line)),
+      box_mouse_(site, *ted_text_edit_, MouseDown, MouseMove, MouseUp) {
   ITextBoxElement& box = *ted_text_edit_;
   // The box starts as a new control shows it; nothing listens yet, so no Change is raised.
   box.SetText(u"Text");
@@ -52,8 +32,8 @@ ZKTextEdit::ZKTextEdit(IControlSite& site, bool multi_line)
   box.SetForeColor(system_color::kWindowText);
   box.SetMaxLength(kNoLimit);
   box.SetFont(Font()->Description());
-  ApplyColors();
-  FitTextBox();
+  Redraw();
+  Layout();
   ConnectInput();
 }
 
@@ -62,7 +42,7 @@ ZKTextEdit::~ZKTextEdit() = default;
 void ZKTextEdit::ConnectInput() {
   ISurface& surface = Surface();
   ITextBoxElement& box = *ted_text_edit_;
-  connections_.push_back(surface.Resized().Connect([this] { FitTextBox(); }));
+  connections_.push_back(surface.Resized().Connect([this] { Layout(); }));
   connections_.push_back(surface.GotFocus().Connect([this] { FocusReceived(); }));
   connections_.push_back(
       surface.Validate().Connect([this](bool& cancel) { ValidateLeave(cancel); }));
@@ -74,67 +54,154 @@ void ZKTextEdit::ConnectInput() {
   connections_.push_back(ForwardTo(box.KeyUp(), KeyUp));
   connections_.push_back(ForwardTo(box.Click(), Click));
   connections_.push_back(ForwardTo(box.DblClick(), DblClick));
-  // The box sits at the control's origin, so its coordinates are the control's.
-  connections_.push_back(ForwardTo(box.MouseDown(), MouseDown));
-  connections_.push_back(ForwardTo(box.MouseUp(), MouseUp));
-  connections_.push_back(
-      box.MouseMove().Connect([this](int16_t button, int16_t shift, float x, float y) {
-        // The host's tooltip belongs to the control; the box covers it, so it carries a copy.
-        try {
-          ted_text_edit_->SetToolTipText(Site().Extender().GetProperty(u"ToolTipText").ToText());
-        } catch (...) {
-        }
-        MouseMove.Raise(button, shift, x, y);
-      }));
+  box_mouse_.Connect(connections_);
 }
 
 // ---- Automation ----
 
-std::vector<MemberInfo> ZKTextEdit::TextEditMembers(int32_t font_dispid) {
+std::vector<PropertyRow> ZKTextEdit::TextEditRows(int32_t font_dispid) {
+  using property_rows::Internal;
+  using property_rows::Member;
+  using property_rows::Property;
+  using property_rows::ReadOnly;
   using C = ZKTextEdit;
-  std::vector<MemberInfo> members = {
-      Property(u"Text", &C::Text, &C::SetText, dispatch_id::kText),
-      Property(u"Alignment", &C::Alignment, &C::SetAlignment),
-      Property(u"Appearance", &C::Appearance, &C::SetAppearance),
-      Property(u"BackColor", &C::BackColor, &C::SetBackColor),
-      Property(u"BorderStyle", &C::BorderStyle, &C::SetBorderStyle),
-      Property(u"ForeColor", &C::ForeColor, &C::SetForeColor),
-      Property(u"DataType", &C::DataType, &C::SetDataType),
-      Property(u"MaxLength", &C::MaxLength, &C::SetMaxLength),
-      Property(u"TextFormat", &C::TextFormat, &C::SetTextFormat),
-      Property(u"PasswordChar", &C::PasswordChar, &C::SetPasswordChar),
-      Property(u"DecimalSep", &C::DecimalSep, &C::SetDecimalSep),
-      Property(u"HourSep", &C::HourSep, &C::SetHourSep),
-      Property(u"DateSep", &C::DateSep, &C::SetDateSep),
-      Property(u"DateHourSep", &C::DateHourSep, &C::SetDateHourSep),
-      Property(u"AutoSelect", &C::AutoSelect, &C::SetAutoSelect),
-      Property(u"ForceTextCase", &C::ForceTextCase, &C::SetForceTextCase),
-      Property(u"ArrowKeyIncrement", &C::ArrowKeyIncrement, &C::SetArrowKeyIncrement),
-      Property(u"Locked", &C::Locked, &C::SetLocked),
-      CommonMember(u"Font", font_dispid),
-      CommonMember(u"DesignMode"),
-      CommonMember(u"ControlGroup"),
-      CommonMember(u"Enabled"),
-      Property(u"SelStart", &C::SelStart, &C::SetSelStart),
-      Property(u"SelLength", &C::SelLength, &C::SetSelLength),
-      Property(u"SelText", &C::SelText, &C::SetSelText),
-      ReadOnlyProperty(u"HideSelection", &C::HideSelection),
-      ReadOnlyProperty(u"hWnd", &C::hWnd),
-      Method(u"IsTextValid",
-             [](ZKControl& control, std::span<Variant>) {
-               return Variant(static_cast<C&>(control).IsTextValid());
-             }),
-      Method(u"Undo",
-             [](ZKControl& control, std::span<Variant>) {
-               static_cast<C&>(control).Undo();
-               return Variant();
-             }),
+  // The bag's places are tens, so that Alignment can be written between DesignMode and
+  // DataType though it is read after Locked.
+  std::vector<PropertyRow> rows = {
+      Property(u"Text", &C::Text, &C::SetText, dispatch_id::kText)
+          .Archive(1)
+          .Bag(u"Text", 130)
+          .Store([](C& c, const std::u16string& v) { c.ted_text_edit_->SetText(v); }),
+      // The box starts over for a new alignment: MaxLength is read after it.
+      Property(u"Alignment", &C::Alignment, &C::SetAlignment)
+          .Archive(2)
+          .Bag(Variant(int32_t{zktTextAlignLeft}), 70, 155)
+          .Store([](C& c, zktTextAlignment v) {
+            c.ted_text_edit_->SetAlignment(static_cast<int16_t>(v));
+          }),
+      Property(u"Appearance", &C::Appearance, &C::SetAppearance)
+          .Archive(3)
+          .New(Variant(int32_t{zktApFlat}))
+          .Bag(Variant(int32_t{zktApFlat}), 140)
+          .Store([](C& c, zktAppearance v) {
+            c.ted_text_edit_->SetAppearance(static_cast<int16_t>(v));
+          }),
+      Property(u"BackColor", &C::BackColor, &C::SetBackColor)
+          .Archive(5)
+          .New(ColorValue(system_color::kWindowBackground))
+          .Bag(ColorValue(system_color::kWindowBackground), 10)
+          .Store(&C::back_color_),
+      Property(u"BorderStyle", &C::BorderStyle, &C::SetBorderStyle)
+          .Archive(6)
+          .Bag(Variant(int32_t{zktBSSolid}), 50)
+          .Store([](C& c, zktCmdBorderStyle v) {
+            c.ted_text_edit_->SetBorderStyle(static_cast<int16_t>(v));
+          }),
+      Property(u"ForeColor", &C::ForeColor, &C::SetForeColor)
+          .Archive(7)
+          .Bag(ColorValue(system_color::kWindowText), 20)
+          .Store([](C& c, OLE_COLOR v) { c.ted_text_edit_->SetForeColor(v); }),
+      Property(u"DataType", &C::DataType, &C::SetDataType)
+          .Archive(9)
+          .New(Variant(int32_t{zktTDText}))
+          .Bag(Variant(int32_t{zktTDText}), 160)
+          .Store([](C& c, zktTextDataType v) { c.settings_.DataType = v; }),
+      Property(u"MaxLength", &C::MaxLength, &C::SetMaxLength)
+          .Archive(10)
+          .Bag(Variant(int32_t{0}), 80)
+          .Store([](C& c, int32_t v) { c.ted_text_edit_->SetMaxLength(v); }),
+      Property(u"TextFormat", &C::TextFormat, &C::SetTextFormat)
+          .Archive(11)
+          .New(u"")
+          .Bag(u"", 210)
+          .Store([](C& c, const std::u16string& v) { c.settings_.TextFormat = v; }),
+      Property(u"PasswordChar", &C::PasswordChar, &C::SetPasswordChar)
+          .Archive(12)
+          .Bag(u"", 90)
+          .Store([](C& c, const std::u16string& v) { c.ted_text_edit_->SetPasswordChar(v); }),
+      Property(u"DecimalSep", &C::DecimalSep, &C::SetDecimalSep)
+          .Archive(13)
+          .New(u".")
+          .Bag(u".", 190)
+          .Store([](C& c, const std::u16string& v) { c.settings_.DecimalSep = v; }),
+      Property(u"HourSep", &C::HourSep, &C::SetHourSep)
+          .Archive(14)
+          .New(u":")
+          .Bag(u":", 180)
+          .Store([](C& c, const std::u16string& v) { c.settings_.HourSep = v; }),
+      Property(u"DateSep", &C::DateSep, &C::SetDateSep)
+          .Archive(15)
+          .New(u"/")
+          .Bag(u"/", 170)
+          .Store([](C& c, const std::u16string& v) { c.settings_.DateSep = v; }),
+      Property(u"DateHourSep", &C::DateHourSep, &C::SetDateHourSep)
+          .Archive(16)
+          .New(u" ")
+          .Bag(u" ", 200)
+          .Store([](C& c, const std::u16string& v) { c.settings_.DateHourSep = v; }),
+      Property(u"AutoSelect", &C::AutoSelect, &C::SetAutoSelect)
+          .Archive(17)
+          .New(Variant(false))
+          .Bag(Variant(false), 220)
+          .Store(&C::auto_select_),
+      Property(u"ForceTextCase", &C::ForceTextCase, &C::SetForceTextCase)
+          .Archive(18)
+          .New(Variant(int32_t{zktTForceNone}))
+          .Bag(Variant(int32_t{zktTForceNone}), 250)
+          .Store([](C& c, zktTextForceCase v) { c.settings_.ForceTextCase = v; }),
+      Property(u"ArrowKeyIncrement", &C::ArrowKeyIncrement, &C::SetArrowKeyIncrement)
+          .Archive(19)
+          .New(Variant(0.0))
+          .Bag(Variant(0.0), 230)
+          .Store(&C::arrow_key_increment_),
+      Property(u"Locked", &C::Locked, &C::SetLocked)
+          .Archive(20)
+          .Bag(Variant(false), 60)
+          .Store([](C& c, bool v) { c.ted_text_edit_->SetLocked(v); }),
+      Common<C>(u"Font", font_dispid).Archive(21).Bag(Ambient::kFont, 40),
+      Common<C>(u"DesignMode").Archive(22).Bag(Variant(false), 150),
+      Common<C>(u"ControlGroup").Archive(23).Bag(u"", 240),
+      Common<C>(u"Enabled").Bag(Variant(true), 30),
+      Property(u"SelStart", &C::SelStart, &C::SetSelStart)
+          .Bag(Variant(int32_t{0}), 110)
+          .Store([](C& c, int32_t v) { c.ted_text_edit_->SetSelStart(v); }),
+      Property(u"SelLength", &C::SelLength, &C::SetSelLength)
+          .Bag(Variant(int32_t{0}), 100)
+          .Store([](C& c, int32_t v) { c.ted_text_edit_->SetSelLength(v); }),
+      Property(u"SelText", &C::SelText, &C::SetSelText)
+          .Bag(u"", 120)
+          .Store([](C& c, const std::u16string& v) {
+            if (!v.empty()) c.ted_text_edit_->SetSelText(v);
+          }),
+      ReadOnly(u"HideSelection", &C::HideSelection),
+      ReadOnly(u"hWnd", &C::hWnd),
+      Member(Method(u"IsTextValid",
+                    [](ZKControl& control, std::span<Variant>) {
+                      return Variant(static_cast<C&>(control).IsTextValid());
+                    })),
+      Member(Method(u"Undo",
+                    [](ZKControl& control, std::span<Variant>) {
+                      static_cast<C&>(control).Undo();
+                      return Variant();
+                    })),
+      // The surface's pointer shape: carried by the archive, though no property offers it.
+      Internal<C, int16_t>(ArchiveKind::kNumber)
+          .Archive(4)
+          .Describe(u"the surface's pointer shape")
+          .Stored([](C& c) { return int32_t{c.Surface().MousePointer()}; })
+          .Store([](C& c, int16_t v) { c.Surface().SetMousePointer(v); }),
+      // Which variant wrote the string; either variant reads the other's, so it is skipped.
+      Internal<C, bool>(ArchiveKind::kBool)
+          .Archive(8)
+          .Describe(u"multi-line (T) or one-line (F), not read back")
+          .Stored([](C& c) { return c.MultiLine(); })
+          .Store([](C&, bool) {}),
   };
   for (std::u16string_view common : {u"Refresh", u"PopupMenu", u"Clone", u"GetArchiveStr",
                                      u"ParseArchiveStr", u"ExtraProp", u"ExtraAction"}) {
-    members.push_back(CommonMember(common));
+    rows.push_back(CommonRow(common));
   }
-  return members;
+  return rows;
 }
 
 std::vector<std::u16string_view> ZKTextEdit::TextEditEvents() {
@@ -142,49 +209,9 @@ std::vector<std::u16string_view> ZKTextEdit::TextEditEvents() {
           u"KeyUp",  u"MouseDown", u"MouseMove", u"MouseUp"};
 }
 
-const AutomationTable& ZKTextEdit::Automation() const {
-  static const AutomationTable table(TextEditMembers(dispatch_id::kFont), TextEditEvents());
+const PropertyTable& ZKTextEdit::Properties() const {
+  static const PropertyTable table(TextEditRows(dispatch_id::kFont), TextEditEvents());
   return table;
-}
-
-std::span<const ArchiveField> ZKTextEdit::ArchiveFields() const {
-  static const std::array<ArchiveField, 23> fields = {{
-      {ArchiveKind::kText, u"Text"},
-      {ArchiveKind::kNumber, u"Alignment"},
-      {ArchiveKind::kNumber, u"Appearance"},
-      // The surface's pointer shape: carried by the archive, though no property offers it.
-      {ArchiveKind::kNumber, u"",
-       [](ZKControl& control) {
-         return Variant(int32_t{static_cast<ZKTextEdit&>(control).Surface().MousePointer()});
-       },
-       [](ZKControl& control, const Variant& value) {
-         static_cast<ZKTextEdit&>(control).Surface().SetMousePointer(value.ToInt16());
-       },
-       u"the surface's pointer shape"},
-      {ArchiveKind::kNumber, u"BackColor"},
-      {ArchiveKind::kNumber, u"BorderStyle"},
-      {ArchiveKind::kNumber, u"ForeColor"},
-      // Which variant wrote the string; either variant reads the other's, so it is skipped.
-      {ArchiveKind::kBool, u"",
-       [](ZKControl& control) { return Variant(static_cast<ZKTextEdit&>(control).MultiLine()); },
-       [](ZKControl&, const Variant&) {}, u"multi-line (T) or one-line (F), not read back"},
-      {ArchiveKind::kNumber, u"DataType"},
-      {ArchiveKind::kNumber, u"MaxLength"},
-      {ArchiveKind::kText, u"TextFormat"},
-      {ArchiveKind::kText, u"PasswordChar"},
-      {ArchiveKind::kText, u"DecimalSep"},
-      {ArchiveKind::kText, u"HourSep"},
-      {ArchiveKind::kText, u"DateSep"},
-      {ArchiveKind::kText, u"DateHourSep"},
-      {ArchiveKind::kBool, u"AutoSelect"},
-      {ArchiveKind::kNumber, u"ForceTextCase"},
-      {ArchiveKind::kNumber, u"ArrowKeyIncrement"},
-      {ArchiveKind::kBool, u"Locked"},
-      {ArchiveKind::kFont, u"Font"},
-      {ArchiveKind::kBool, u"DesignMode"},
-      {ArchiveKind::kText, u"ControlGroup"},
-  }};
-  return fields;
 }
 
 // ---- Properties ----
@@ -195,7 +222,7 @@ std::u16string ZKTextEdit::Text() const {
 
 void ZKTextEdit::SetText(std::u16string New_Text) {
   ted_text_edit_->SetText(New_Text);
-  NotifyChanged(u"Text");
+  Changed(u"Text");
 }
 
 zktTextAlignment ZKTextEdit::Alignment() const {
@@ -208,7 +235,7 @@ void ZKTextEdit::SetAlignment(zktTextAlignment New_Alignment) {
   const int32_t max_length = ted_text_edit_->MaxLength();
   ted_text_edit_->SetAlignment(static_cast<int16_t>(New_Alignment));
   ted_text_edit_->SetMaxLength(max_length);
-  NotifyChanged(u"Alignment");
+  Changed(u"Alignment");
 }
 
 zktAppearance ZKTextEdit::Appearance() const {
@@ -218,13 +245,12 @@ zktAppearance ZKTextEdit::Appearance() const {
 void ZKTextEdit::SetAppearance(zktAppearance New_Appearance) {
   if (New_Appearance != zktApFlat && New_Appearance != zktAp3d) return;
   ted_text_edit_->SetAppearance(static_cast<int16_t>(New_Appearance));
-  NotifyChanged(u"Appearance");
+  Changed(u"Appearance");
 }
 
 void ZKTextEdit::SetBackColor(OLE_COLOR New_BackColor) {
   back_color_ = New_BackColor;
-  ApplyColors();
-  NotifyChanged(u"BackColor");
+  Changed(u"BackColor", Effect::kRedraw);
 }
 
 zktCmdBorderStyle ZKTextEdit::BorderStyle() const {
@@ -234,7 +260,7 @@ zktCmdBorderStyle ZKTextEdit::BorderStyle() const {
 void ZKTextEdit::SetBorderStyle(zktCmdBorderStyle New_BorderStyle) {
   if (New_BorderStyle != zktBSNone && New_BorderStyle != zktBSSolid) return;
   ted_text_edit_->SetBorderStyle(static_cast<int16_t>(New_BorderStyle));
-  NotifyChanged(u"BorderStyle");
+  Changed(u"BorderStyle");
 }
 
 OLE_COLOR ZKTextEdit::ForeColor() const {
@@ -243,12 +269,12 @@ OLE_COLOR ZKTextEdit::ForeColor() const {
 
 void ZKTextEdit::SetForeColor(OLE_COLOR New_ForeColor) {
   ted_text_edit_->SetForeColor(New_ForeColor);
-  NotifyChanged(u"ForeColor");
+  Changed(u"ForeColor");
 }
 
 void ZKTextEdit::SetDataType(zktTextDataType New_DataType) {
   if (!zk::SetDataType(settings_, static_cast<int32_t>(New_DataType))) return;
-  NotifyChanged(u"DataType");
+  Changed(u"DataType");
 }
 
 int32_t ZKTextEdit::MaxLength() const {
@@ -260,12 +286,12 @@ void ZKTextEdit::SetMaxLength(int32_t New_MaxLength) {
   TypedTextSettings check;
   if (!zk::SetMaxLength(check, New_MaxLength)) return;
   ted_text_edit_->SetMaxLength(New_MaxLength);
-  NotifyChanged(u"MaxLength");
+  Changed(u"MaxLength");
 }
 
 void ZKTextEdit::SetTextFormat(std::u16string New_TextFormat) {
   settings_.TextFormat = std::move(New_TextFormat);
-  NotifyChanged(u"TextFormat");
+  Changed(u"TextFormat");
 }
 
 std::u16string ZKTextEdit::PasswordChar() const {
@@ -274,42 +300,42 @@ std::u16string ZKTextEdit::PasswordChar() const {
 
 void ZKTextEdit::SetPasswordChar(std::u16string New_PasswordChar) {
   ted_text_edit_->SetPasswordChar(New_PasswordChar);
-  NotifyChanged(u"PasswordChar");
+  Changed(u"PasswordChar");
 }
 
 void ZKTextEdit::SetDecimalSep(std::u16string New_DecimalSep) {
   settings_.DecimalSep = std::move(New_DecimalSep);
-  NotifyChanged(u"DecimalSep");
+  Changed(u"DecimalSep");
 }
 
 void ZKTextEdit::SetHourSep(std::u16string New_HourSep) {
   settings_.HourSep = std::move(New_HourSep);
-  NotifyChanged(u"HourSep");
+  Changed(u"HourSep");
 }
 
 void ZKTextEdit::SetDateSep(std::u16string New_DateSep) {
   settings_.DateSep = std::move(New_DateSep);
-  NotifyChanged(u"DateSep");
+  Changed(u"DateSep");
 }
 
 void ZKTextEdit::SetDateHourSep(std::u16string New_DateHourSep) {
   settings_.DateHourSep = std::move(New_DateHourSep);
-  NotifyChanged(u"DateHourSep");
+  Changed(u"DateHourSep");
 }
 
 void ZKTextEdit::SetAutoSelect(bool New_AutoSelect) {
   auto_select_ = New_AutoSelect;
-  NotifyChanged(u"AutoSelect");
+  Changed(u"AutoSelect");
 }
 
 void ZKTextEdit::SetForceTextCase(zktTextForceCase New_ForceTextCase) {
   if (!zk::SetForceTextCase(settings_, static_cast<int32_t>(New_ForceTextCase))) return;
-  NotifyChanged(u"ForceTextCase");
+  Changed(u"ForceTextCase");
 }
 
 void ZKTextEdit::SetArrowKeyIncrement(double New_ArrowKeyIncrement) {
   arrow_key_increment_ = New_ArrowKeyIncrement;
-  NotifyChanged(u"ArrowKeyIncrement");
+  Changed(u"ArrowKeyIncrement");
 }
 
 bool ZKTextEdit::Locked() const {
@@ -318,7 +344,7 @@ bool ZKTextEdit::Locked() const {
 
 void ZKTextEdit::SetLocked(bool New_Locked) {
   ted_text_edit_->SetLocked(New_Locked);
-  NotifyChanged(u"Locked");
+  Changed(u"Locked");
 }
 
 void ZKTextEdit::SetDesignMode(bool New_DesignMode) {
@@ -334,7 +360,7 @@ int32_t ZKTextEdit::SelStart() const {
 void ZKTextEdit::SetSelStart(int32_t New_SelStart) {
   if (New_SelStart < 0) return;
   ted_text_edit_->SetSelStart(New_SelStart);
-  NotifyChanged(u"SelStart");
+  Changed(u"SelStart");
 }
 
 int32_t ZKTextEdit::SelLength() const {
@@ -344,7 +370,7 @@ int32_t ZKTextEdit::SelLength() const {
 void ZKTextEdit::SetSelLength(int32_t New_SelLength) {
   if (New_SelLength < 0) return;
   ted_text_edit_->SetSelLength(New_SelLength);
-  NotifyChanged(u"SelLength");
+  Changed(u"SelLength");
 }
 
 std::u16string ZKTextEdit::SelText() const {
@@ -353,7 +379,7 @@ std::u16string ZKTextEdit::SelText() const {
 
 void ZKTextEdit::SetSelText(std::u16string New_SelText) {
   ted_text_edit_->SetSelText(New_SelText);
-  NotifyChanged(u"SelText");
+  Changed(u"SelText");
 }
 
 bool ZKTextEdit::HideSelection() const {
@@ -374,22 +400,22 @@ void ZKTextEdit::Undo() {
 
 void ZKTextEdit::OnFontChanged() {
   ted_text_edit_->SetFont(Font()->Description());
-  FitTextBox();
+  Layout();
 }
 
 void ZKTextEdit::OnEnabledChanged(bool enabled) {
   ted_text_edit_->SetEnabled(enabled);
-  ApplyColors();
+  Redraw();
 }
 
 // ---- Layout and colours ----
 
-void ZKTextEdit::ApplyColors() {
+void ZKTextEdit::Redraw() {
   ted_text_edit_->SetBackColor(ted_text_edit_->Enabled() ? back_color_
                                                          : system_color::kInactiveBorder);
 }
 
-void ZKTextEdit::FitTextBox() {
+void ZKTextEdit::Layout() {
   try {
     ted_text_edit_->Move(0, 0, Surface().ScaleWidth(), Surface().ScaleHeight());
   } catch (...) {
@@ -452,91 +478,17 @@ void ZKTextEdit::ValidateLeave(bool& cancel) {
 
 // ---- Persistence ----
 
-void ZKTextEdit::InitProperties() {
-  ITextBoxElement& box = *ted_text_edit_;
-  back_color_ = system_color::kWindowBackground;
-  settings_ = TypedTextSettings{};
-  arrow_key_increment_ = 0;
-  auto_select_ = false;
-  StoreDesignMode(false);
-  StoreControlGroup({});
-  box.SetAppearance(zktApFlat);
-  AdoptFont(MGuiUtils::CloneFont(Site().Ambient().Font()));
-  box.SetFont(Font()->Description());
-  ApplyColors();
-  FitTextBox();
+void ZKTextEdit::AfterInitProperties() {
+  ted_text_edit_->SetFont(Font()->Description());
+  Redraw();
+  Layout();
 }
 
-void ZKTextEdit::ReadProperties(IPropertyBag& bag) {
-  auto read = [&bag](std::u16string_view key, const Variant& default_value) {
-    return bag.ReadProperty(key, default_value);
-  };
-  ITextBoxElement& box = *ted_text_edit_;
-  back_color_ = read(u"BackColor", Color(system_color::kWindowBackground)).ToColor();
-  box.SetForeColor(read(u"ForeColor", Color(system_color::kWindowText)).ToColor());
-  const bool enabled = read(u"Enabled", Variant(true)).ToBool();
-  Surface().SetEnabled(enabled);
-  box.SetEnabled(enabled);
-  if (FontRef font = variant_conversion::FromVariant<FontRef>(
-          read(u"Font", Variant(Site().Ambient().Font())))) {
-    AdoptFont(font->Clone());
-  }
-  box.SetFont(Font()->Description());
-  box.SetBorderStyle(read(u"BorderStyle", Number(zktBSSolid)).ToInt16());
-  box.SetLocked(read(u"Locked", Variant(false)).ToBool());
-  box.SetAlignment(read(u"Alignment", Number(zktTextAlignLeft)).ToInt16());
-  // After the alignment, which starts the box over without a limit.
-  box.SetMaxLength(read(u"MaxLength", Number(0)).ToInt32());
-  box.SetPasswordChar(read(u"PasswordChar", Variant(u"")).ToText());
-  box.SetSelLength(read(u"SelLength", Number(0)).ToInt32());
-  box.SetSelStart(read(u"SelStart", Number(0)).ToInt32());
-  const std::u16string sel_text = read(u"SelText", Variant(u"")).ToText();
-  if (!sel_text.empty()) box.SetSelText(sel_text);
-  box.SetText(read(u"Text", Variant(u"Text")).ToText());
-  box.SetAppearance(read(u"Appearance", Number(zktApFlat)).ToInt16());
-  StoreDesignMode(read(u"DesignMode", Variant(false)).ToBool());
-  settings_.DataType = static_cast<zktTextDataType>(read(u"DataType", Number(zktTDText)).ToInt32());
-  settings_.DateSep = read(u"DateSep", Variant(u"/")).ToText();
-  settings_.HourSep = read(u"HourSep", Variant(u":")).ToText();
-  settings_.DecimalSep = read(u"DecimalSep", Variant(u".")).ToText();
-  settings_.DateHourSep = read(u"DateHourSep", Variant(u" ")).ToText();
-  settings_.TextFormat = read(u"TextFormat", Variant(u"")).ToText();
-  auto_select_ = read(u"AutoSelect", Variant(false)).ToBool();
-  arrow_key_increment_ = read(u"ArrowKeyIncrement", Variant(0.0)).ToDouble();
-  StoreControlGroup(read(u"ControlGroup", Variant(u"")).ToText());
-  settings_.ForceTextCase =
-      static_cast<zktTextForceCase>(read(u"ForceTextCase", Number(zktTForceNone)).ToInt32());
-  ApplyColors();
-  FitTextBox();
-}
-
-void ZKTextEdit::WriteProperties(IPropertyBag& bag) {
-  using variant_conversion::ToVariant;
-  bag.WriteProperty(u"BackColor", Color(back_color_), Color(system_color::kWindowBackground));
-  bag.WriteProperty(u"ForeColor", Color(ForeColor()), Color(system_color::kWindowText));
-  bag.WriteProperty(u"Enabled", Variant(Enabled()), Variant(true));
-  bag.WriteProperty(u"Font", Variant(Font()), Variant(Site().Ambient().Font()));
-  bag.WriteProperty(u"BorderStyle", ToVariant(BorderStyle()), Number(zktBSSolid));
-  bag.WriteProperty(u"Locked", Variant(Locked()), Variant(false));
-  bag.WriteProperty(u"MaxLength", Number(MaxLength()), Number(0));
-  bag.WriteProperty(u"PasswordChar", Variant(PasswordChar()), Variant(u""));
-  bag.WriteProperty(u"SelLength", Number(SelLength()), Number(0));
-  bag.WriteProperty(u"SelStart", Number(SelStart()), Number(0));
-  bag.WriteProperty(u"SelText", Variant(SelText()), Variant(u""));
-  bag.WriteProperty(u"Text", Variant(Text()), Variant(u"Text"));
-  bag.WriteProperty(u"Appearance", ToVariant(Appearance()), Number(zktApFlat));
-  bag.WriteProperty(u"DesignMode", Variant(DesignMode()), Variant(false));
-  bag.WriteProperty(u"Alignment", ToVariant(Alignment()), Number(zktTextAlignLeft));
-  bag.WriteProperty(u"DataType", ToVariant(DataType()), Number(zktTDText));
-  bag.WriteProperty(u"DateSep", Variant(DateSep()), Variant(u"/"));
-  bag.WriteProperty(u"HourSep", Variant(HourSep()), Variant(u":"));
-  bag.WriteProperty(u"DecimalSep", Variant(DecimalSep()), Variant(u"."));
-  bag.WriteProperty(u"DateHourSep", Variant(DateHourSep()), Variant(u" "));
-  bag.WriteProperty(u"TextFormat", Variant(TextFormat()), Variant(u""));
-  bag.WriteProperty(u"AutoSelect", Variant(AutoSelect()), Variant(false));
-  bag.WriteProperty(u"ArrowKeyIncrement", Variant(ArrowKeyIncrement()), Variant(0.0));
-  bag.WriteProperty(u"ControlGroup", Variant(ControlGroup()), Variant(u""));
-  bag.WriteProperty(u"ForceTextCase", ToVariant(ForceTextCase()), Number(zktTForceNone));
+void ZKTextEdit::AfterReadProperties() {
+  ted_text_edit_->SetFont(Font()->Description());
+  ted_text_edit_->SetEnabled(Enabled());
+  Redraw();
+  Layout();
 }
 
 }  // namespace zk

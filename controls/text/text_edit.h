@@ -8,6 +8,7 @@
 #include "controls/text/platform_text_rules.h"
 #include "controls/text/typed_text_model.h"
 #include "framework/control.h"
+#include "framework/element_mouse_relay.h"
 #include "framework/enumerations.h"
 #include "platform/elements.h"
 
@@ -24,7 +25,7 @@ class ZKTextEdit : public ZKControl {
   ~ZKTextEdit() override;
 
   std::u16string_view Kind() const override { return u"ZKTextEdit"; }
-  const AutomationTable& Automation() const override;
+  const PropertyTable& Properties() const override;
 
   // A write raises Change (and forces the case) as typing does.
   std::u16string Text() const;
@@ -90,11 +91,6 @@ class ZKTextEdit : public ZKControl {
 
   bool MultiLine() const { return multi_line_; }
 
-  void InitProperties() override;
-  void ReadProperties(IPropertyBag& bag) override;
-  void WriteProperties(IPropertyBag& bag) override;
-  std::span<const ArchiveField> ArchiveFields() const override;
-
   ControlEvent<> Change{EventRaised(), u"Change"};
   ControlEvent<> Click{EventRaised(), u"Click"};
   ControlEvent<> DblClick{EventRaised(), u"DblClick"};
@@ -111,8 +107,8 @@ class ZKTextEdit : public ZKControl {
  protected:
   ZKTextEdit(IControlSite& site, bool multi_line);
 
-  // The interface of both text edits; `font_dispid` 0 gives Font an identifier of its own.
-  static std::vector<MemberInfo> TextEditMembers(int32_t font_dispid);
+  // The properties of both text edits; `font_dispid` 0 gives Font an identifier of its own.
+  static std::vector<PropertyRow> TextEditRows(int32_t font_dispid);
   static std::vector<std::u16string_view> TextEditEvents();
 
   bool CtrlOnlyDown() const { return ctrl_only_down_; }
@@ -122,11 +118,15 @@ class ZKTextEdit : public ZKControl {
 
   void OnFontChanged() override;
   void OnEnabledChanged(bool enabled) override;
+  // The box's colours: the back colour, or the disabled face while disabled.
+  void Redraw() override;
+  // The box fills the control.
+  void Layout() override;
+  void AfterInitProperties() override;
+  void AfterReadProperties() override;
 
  private:
   void ConnectInput();
-  void ApplyColors();
-  void FitTextBox();
   void TextChanged();
   void KeyDownInBox(int16_t& key_code, int16_t& shift);
   void KeyPressInBox(int16_t& key_ascii);
@@ -135,6 +135,7 @@ class ZKTextEdit : public ZKControl {
 
   bool multi_line_;
   std::unique_ptr<ITextBoxElement> ted_text_edit_;
+  ElementMouseRelay box_mouse_;
   PlatformTextRules rules_;
   TypedTextSettings settings_;
   OLE_COLOR back_color_ = system_color::kWindowBackground;

@@ -17,25 +17,25 @@ class TestControl final : public ZKControl {
 
   std::u16string_view Kind() const override { return u"TestControl"; }
 
-  const AutomationTable& Automation() const override {
-    using automation::Property;
-    static const AutomationTable table(
+  const PropertyTable& Properties() const override {
+    using property_rows::Property;
+    using T = TestControl;
+    static const PropertyTable table(
         {
-            CommonMember(u"Enabled"),
-            Property(u"Caption", &TestControl::Caption, &TestControl::SetCaption,
-                     dispatch_id::kCaption),
-            Property(u"Count", &TestControl::Count, &TestControl::SetCount),
-            Property(u"Flag", &TestControl::Flag, &TestControl::SetFlag),
-            Property(u"Colour", &TestControl::Colour, &TestControl::SetColour),
-            CommonMember(u"Font"),
-            CommonMember(u"DesignMode"),
-            CommonMember(u"ControlGroup"),
-            CommonMember(u"Clone"),
-            CommonMember(u"GetArchiveStr"),
-            CommonMember(u"ParseArchiveStr"),
-            CommonMember(u"ExtraProp"),
-            CommonMember(u"ExtraAction"),
-            CommonMember(u"hWnd"),
+            Common<T>(u"Enabled"),
+            Property(u"Caption", &T::Caption, &T::SetCaption, dispatch_id::kCaption).Archive(1),
+            Property(u"Count", &T::Count, &T::SetCount).Archive(2),
+            Property(u"Flag", &T::Flag, &T::SetFlag).Archive(3),
+            Property(u"Colour", &T::Colour, &T::SetColour).Archive(4),
+            Common<T>(u"Font").Archive(5),
+            Common<T>(u"DesignMode").Archive(6),
+            Common<T>(u"ControlGroup").Archive(7),
+            Common<T>(u"Clone"),
+            Common<T>(u"GetArchiveStr"),
+            Common<T>(u"ParseArchiveStr"),
+            Common<T>(u"ExtraProp"),
+            Common<T>(u"ExtraAction"),
+            Common<T>(u"hWnd"),
         },
         {u"Click", u"Change"});
     return table;
@@ -66,26 +66,10 @@ class TestControl final : public ZKControl {
     NotifyChanged(u"Colour");
   }
 
-  void InitProperties() override {}
-  void ReadProperties(IPropertyBag&) override {}
-  void WriteProperties(IPropertyBag&) override {}
-
   int font_changes = 0;
   ControlEvent<int16_t&> Click{EventRaised(), u"Click"};
 
  protected:
-  std::span<const ArchiveField> ArchiveFields() const override {
-    static const std::array<ArchiveField, 7> fields = {{
-        {ArchiveKind::kText, u"Caption"},
-        {ArchiveKind::kNumber, u"Count"},
-        {ArchiveKind::kBool, u"Flag"},
-        {ArchiveKind::kNumber, u"Colour"},
-        {ArchiveKind::kFont, u"Font"},
-        {ArchiveKind::kBool, u"DesignMode"},
-        {ArchiveKind::kText, u"ControlGroup"},
-    }};
-    return fields;
-  }
   void OnFontChanged() override { ++font_changes; }
 
  private:
