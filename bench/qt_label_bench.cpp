@@ -3,23 +3,51 @@
 // a running program does when it shows a form: the event loop answers what was posted (the
 // widgets' polish requests) and the form is painted.
 #include <benchmark/benchmark.h>
+#include <malloc.h>
 
 #include <QApplication>
 #include <QLabel>
 #include <QWidget>
 #include <algorithm>
+#include <atomic>
 #include <chrono>
+#include <cstdlib>
+#include <new>
 #include <string>
 #include <vector>
 
 #include "controls/display/label.h"
 #include "hosting/qt_form.h"
 
+// Live heap bytes, counted by every allocation of the program, so that the memory one label
+// costs can be read off a form that is shown.
+std::atomic<long long> g_live_bytes{0};
+
+void* operator new(std::size_t size) {
+  void* block = std::malloc(size == 0 ? 1 : size);
+  if (block == nullptr) throw std::bad_alloc();
+  g_live_bytes += static_cast<long long>(malloc_usable_size(block));
+  return block;
+}
+
+void operator delete(void* block) noexcept {
+  if (block == nullptr) return;
+  g_live_bytes -= static_cast<long long>(malloc_usable_size(block));
+  std::free(block);
+}
+
+void operator delete(void* block, std::size_t) noexcept {
+  operator delete(block);
+}
+
 namespace {
 
 constexpr int kColumns = 25;
+// The heap that the last form held while it was shown, less what there was before it.
+long long g_form_heap = 0;
 
 void ZKLabelForm(zk::QtPlatform& platform, int count) {
+  const long long before = g_live_bytes;
   zk::QtForm form(platform);
   form.Widget()->resize(kColumns * 64, (count / kColumns + 1) * 24);
   for (int i = 0; i < count; ++i) {
@@ -32,9 +60,11 @@ void ZKLabelForm(zk::QtPlatform& platform, int count) {
   form.Widget()->show();
   QCoreApplication::sendPostedEvents();
   benchmark::DoNotOptimize(form.Widget()->grab());
+  g_form_heap = g_live_bytes - before;
 }
 
 void QLabelForm(int count) {
+  const long long before = g_live_bytes;
   QWidget form;
   form.resize(kColumns * 64, (count / kColumns + 1) * 24);
   for (int i = 0; i < count; ++i) {
@@ -45,6 +75,7 @@ void QLabelForm(int count) {
   form.show();
   QCoreApplication::sendPostedEvents();
   benchmark::DoNotOptimize(form.grab());
+  g_form_heap = g_live_bytes - before;
 }
 
 zk::QtPlatform& Platform() {
@@ -81,12 +112,16 @@ void BM_LabelFormRatio(benchmark::State& state) {
   using Clock = std::chrono::steady_clock;
   std::vector<double> ours;
   std::vector<double> theirs;
+  long long our_heap = 0;
+  long long their_heap = 0;
   for (auto _ : state) {
     for (int round = 0; round < 10; ++round) {
       const auto start = Clock::now();
       ZKLabelForm(platform, count);
+      our_heap = g_form_heap;
       const auto middle = Clock::now();
       QLabelForm(count);
+      their_heap = g_form_heap;
       const auto end = Clock::now();
       ours.push_back(std::chrono::duration<double, std::milli>(middle - start).count());
       theirs.push_back(std::chrono::duration<double, std::milli>(end - middle).count());
@@ -95,6 +130,8 @@ void BM_LabelFormRatio(benchmark::State& state) {
   state.counters["zk_ms"] = Median(ours);
   state.counters["qlabel_ms"] = Median(theirs);
   state.counters["ratio"] = Median(ours) / Median(theirs);
+  state.counters["zk_heap_per_label"] = static_cast<double>(our_heap) / count;
+  state.counters["qlabel_heap_per_label"] = static_cast<double>(their_heap) / count;
 }
 BENCHMARK(BM_LabelFormRatio)->Arg(100)->Arg(625)->Iterations(3)->Unit(benchmark::kMillisecond);
 

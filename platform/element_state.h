@@ -44,8 +44,10 @@ class ElementState : public Base {
   MouseSignal& MouseUp() override { return mouse_up_; }
 
   // True when the point (twips, in the parent's inner coordinates) lies on the element.
+  // The size is read through Width and Height: an element that fits itself to its content
+  // (a label) fits before it is hit.
   bool Contains(double x, double y) const {
-    return x >= left_ && y >= top_ && x < left_ + width_ && y < top_ + height_;
+    return x >= left_ && y >= top_ && x < left_ + Width() && y < top_ + Height();
   }
 
  protected:
