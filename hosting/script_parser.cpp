@@ -169,6 +169,14 @@ ScriptExpression ScriptParser::Reference() {
 }
 
 void ScriptParser::ArgumentsUntil(char16_t closing, std::vector<ScriptExpression>& args) {
+  // Arguments inside arguments are read by recursion: a bound keeps a hostile line from
+  // exhausting the stack.
+  if (depth_ >= kMaxNesting) SyntaxError(u"arguments nested too deeply");
+  ++depth_;
+  struct Leave {
+    int& depth;
+    ~Leave() { --depth; }
+  } leave{depth_};
   const bool to_end = closing == u'\0';
   while (true) {
     if (!to_end && AtEnd()) SyntaxError(u"a \"(\" without its \")\"");

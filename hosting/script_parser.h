@@ -58,8 +58,12 @@ class ScriptParser {
   // Reads ARG [, ARG]... up to `closing` (')' or '\0' for the end of the statement) onto `args`.
   void ArgumentsUntil(char16_t closing, std::vector<ScriptExpression>& args);
 
+  // How deep arguments may nest inside arguments.
+  static constexpr int kMaxNesting = 100;
+
   std::u16string_view text_;
   size_t pos_ = 0;
+  int depth_ = 0;
 };
 
 }  // namespace zk

@@ -212,6 +212,19 @@ TEST(ScriptParserTest, MalformedOperandsAreSyntaxErrors) {
     SCOPED_TRACE(Utf16ToUtf8(row.text));
     EXPECT_EQ(SyntaxErrorOf(row.text, [](ScriptParser& parser) { parser.Number(); }), row.error);
   }
+  // Nesting is bounded: a hostile line is an error, not a stack overflow.
+  auto nested = [](int depth) {
+    std::u16string text = u"L.Caption = ";
+    for (int i = 0; i < depth; ++i)
+      text += u"L.ExtraProp(";
+    text += u"1";
+    text.append(static_cast<size_t>(depth), u')');
+    return text;
+  };
+  EXPECT_EQ(SyntaxErrorOf(nested(100), [](ScriptParser& parser) { parser.MemberStatement(); }),
+            "(accepted)");
+  EXPECT_EQ(SyntaxErrorOf(nested(100000), [](ScriptParser& parser) { parser.MemberStatement(); }),
+            "Syntax error: arguments nested too deeply");
   EXPECT_EQ(SyntaxErrorOf(u"12", [](ScriptParser& parser) { parser.Name(); }),
             "Syntax error: expected a name");
   EXPECT_EQ(SyntaxErrorOf(u"x y", [](ScriptParser& parser) { parser.ExpectEnd(u"x"); }),
