@@ -24,8 +24,9 @@ namespace zk {
 //   Total.Caption = "Sum"          write a property (also Total.ExtraProp("x") = 1,
 //   Total.Font.Size = 12             and members of object properties)
 //   ? Total.Caption                print a value (also Total.ExtraProp("x"), Total.Font, literals)
-//   Total.Refresh                  call a method: Total.ExtraAction "a", "b", with parentheses
-//   call Total.ExtraAction("a")      or with "call"; arguments may be left out: M("x", , "t")
+//   Total.Refresh                  call a method; arguments follow without parentheses
+//   Total.ExtraAction "a", "b"       (or in them, or after "call": call Total.ExtraAction("a"));
+//                                    one may be left out between commas: M("x", , "t")
 //   events Total                   the events raised since the last "events Total"
 //   notified Total                 the property-changed notifications since the last time
 //   trace                          the diagnostic lines since the last "trace"
