@@ -15,7 +15,10 @@ namespace zk {
 // ends the statement.
 class ScriptParser {
  public:
+  // The parser reads `statement` in place: it must outlive the parser.
   explicit ScriptParser(std::u16string_view statement) : text_(statement) {}
+  explicit ScriptParser(const char16_t* statement) : text_(statement) {}
+  explicit ScriptParser(std::u16string&& statement) = delete;
 
   // True when only blanks or a comment are left.
   bool AtEnd();
