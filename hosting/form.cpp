@@ -150,16 +150,34 @@ Form::Placed& Form::Place(const ControlKind& kind, std::u16string_view name,
   return placed_.back();
 }
 
-ZKControl& Form::AddControl(std::u16string_view kind_name, std::u16string_view name) {
+const ControlKind& Form::NewControlKind(std::u16string_view kind_name, std::u16string_view name) {
   const ControlKind* kind = FindControlKind(kind_name);
   if (kind == nullptr) Refuse(u"Unknown control kind: " + std::u16string(kind_name));
   if (!IsName(name)) Refuse(u"Not a control name: " + std::u16string(name));
   if (FindPlaced(name) != nullptr) Refuse(u"A control named " + std::u16string(name) + u" exists");
-  Placed& placed = Place(*kind, name, nullptr);
+  return *kind;
+}
+
+ZKControl& Form::AddControl(std::u16string_view kind_name, std::u16string_view name) {
+  Placed& placed = Place(NewControlKind(kind_name, name), name, nullptr);
   placed.control->InitProperties();
   // A running form shows what it places.
   placed.site->Surface().Shown().Emit(placed.site->Extender().GetProperty(u"Visible").ToBool());
   return *placed.control;
+}
+
+ZKControl& Form::AddControlInside(std::u16string_view kind_name, std::u16string_view name,
+                                  std::u16string_view container) {
+  NewControlKind(kind_name, name);
+  Placed* holder = FindPlaced(container);
+  if (holder == nullptr) {
+    throw ZKError(error_number::kObjectRequired, u"Object required: " + std::u16string(container));
+  }
+  // A container gives what it holds a window inside its own, positions in its inner area and a
+  // nested block in the form file; until a kind offers that, every control refuses.
+  throw ZKError(
+      error_number::kMemberNotFound,
+      holder->name + u" (" + std::u16string(holder->kind->name) + u") cannot contain controls");
 }
 
 std::string Form::SaveText() {

@@ -33,6 +33,13 @@ class Form {
   // Places a new control of that kind as a designer does; its TabIndex follows the order of
   // creation. Throws ZKError 5 for an unknown kind or a name that is taken or not a name.
   ZKControl& AddControl(std::u16string_view kind, std::u16string_view name);
+  // Places a new control of that kind inside the placed control `container`, as a designer
+  // drops a control on a container. The kind and the name are checked as AddControl checks
+  // them; no control of the container's name raises ZKError 424, and a control that cannot
+  // hold others raises 438 and places nothing. No kind holds other controls yet: this is where
+  // containers will place what they hold.
+  ZKControl& AddControlInside(std::u16string_view kind, std::u16string_view name,
+                              std::u16string_view container);
   ZKControl* FindControl(std::u16string_view name);
   // The control as a shared reference, for passing it on as an object (null when not placed).
   std::shared_ptr<ZKControl> ControlRef(std::u16string_view name);
@@ -107,6 +114,9 @@ class Form {
  private:
   Placed& Place(const ControlKind& kind, std::u16string_view name,
                 const MemoryPropertyBag* extender_values);
+  // The kind of a control about to be placed under `name`; raises ZKError 5 for an unknown
+  // kind or a name that is taken or not a name.
+  const ControlKind& NewControlKind(std::u16string_view kind, std::u16string_view name);
 
   IPlatform& platform_;
   PlatformRecorder& recorder_;

@@ -2,31 +2,19 @@
 
 #include <array>
 #include <fstream>
+#include <optional>
 #include <sstream>
 #include <utility>
 
 #include "foundation/archive_utils.h"
 #include "foundation/dispatch_object.h"
-#include "foundation/string_utils.h"
 #include "foundation/text_encoding.h"
 #include "foundation/zk_error.h"
-#include "framework/type_library.h"
 #include "platform/platform.h"
 #include "platform/std_font.h"
 
 namespace zk {
 namespace {
-
-constexpr std::array<std::u16string_view, 11> kExtenderMembers = {
-    u"Name",    u"Top",    u"Left",        u"Width",    u"Height", u"Visible",
-    u"Default", u"Cancel", u"ToolTipText", u"TabIndex", u"TabStop"};
-
-bool IsExtenderMember(std::u16string_view name) {
-  for (std::u16string_view member : kExtenderMembers) {
-    if (MemberNameEquals(member, name)) return true;
-  }
-  return false;
-}
 
 [[noreturn]] void SyntaxError(std::u16string_view detail) {
   throw ZKError(error_number::kInvalidProcedureCall, u"Syntax error: " + std::u16string(detail));
@@ -36,200 +24,41 @@ std::u16string Decimal(int64_t value) {
   return Utf8ToUtf16(std::to_string(value));
 }
 
-bool IsIdentifierStart(char16_t c) {
-  return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z') || c == u'_';
-}
-
-bool IsIdentifierPart(char16_t c) {
-  return IsIdentifierStart(c) || (c >= u'0' && c <= u'9');
-}
-
-// Where a member path ends up: an object (control, extender, font ...) and a member of it, or
-// the form's ambient values.
-struct Target {
-  DispatchObject* object = nullptr;
-  ObjectRef keep_alive;
-  bool ambient = false;
-  std::u16string member;
-  std::vector<Variant> args;
-  bool has_args = false;
-};
-
-// A cursor over one statement.
-class Parser {
+// The names of a script on a form: its controls, their extenders, its ambient values and the
+// host's functions.
+class FormScope final : public ScriptScope {
  public:
-  Parser(std::u16string_view text, Form& form) : text_(text), form_(form) {}
+  explicit FormScope(Form& form) : form_(form) {}
 
-  void SkipBlanks() {
-    while (pos_ < text_.size() && (text_[pos_] == u' ' || text_[pos_] == u'\t'))
-      ++pos_;
-  }
-  bool AtEnd() {
-    SkipBlanks();
-    return pos_ >= text_.size();
-  }
-  char16_t Peek() {
-    SkipBlanks();
-    return pos_ < text_.size() ? text_[pos_] : u'\0';
-  }
-  bool Consume(char16_t c) {
-    if (Peek() != c) return false;
-    ++pos_;
-    return true;
-  }
-  std::u16string_view Rest() {
-    SkipBlanks();
-    return text_.substr(pos_);
+  ObjectRef FindObject(std::u16string_view name) override { return form_.ControlRef(name); }
+
+  DispatchObject* ExtenderOf(const DispatchObject& object) override {
+    const auto* control = dynamic_cast<const ZKControl*>(&object);
+    if (control == nullptr) return nullptr;
+    const std::u16string name = control->Name();
+    return form_.FindControl(name) == control ? form_.FindExtender(name) : nullptr;
   }
 
-  std::u16string Identifier() {
-    SkipBlanks();
-    const size_t start = pos_;
-    if (pos_ >= text_.size() || !IsIdentifierStart(text_[pos_])) SyntaxError(u"expected a name");
-    while (pos_ < text_.size() && IsIdentifierPart(text_[pos_]))
-      ++pos_;
-    return std::u16string(text_.substr(start, pos_ - start));
+  Variant Ambient(std::u16string_view name) override { return form_.Ambient(name); }
+
+  void SetAmbient(std::u16string_view name, const Variant& value) override {
+    form_.SetAmbient(name, value);
   }
 
-  // A word up to the next blank (file names, numbers of input statements).
-  std::u16string Word() {
-    SkipBlanks();
-    if (Peek() == u'"') return Text();
-    const size_t start = pos_;
-    while (pos_ < text_.size() && text_[pos_] != u' ' && text_[pos_] != u'\t')
-      ++pos_;
-    if (start == pos_) SyntaxError(u"a value is missing");
-    return std::u16string(text_.substr(start, pos_ - start));
-  }
-
-  double Number() {
-    const std::u16string word = Word();
-    if (!MStringUtils::IsNumberText(word)) SyntaxError(u"not a number: " + word);
-    return MStringUtils::ParseNumberText(word, u".");
-  }
-
-  std::u16string Text() {
-    if (!Consume(u'"')) SyntaxError(u"expected a text");
-    std::u16string out;
-    while (true) {
-      if (pos_ >= text_.size()) SyntaxError(u"a text without its closing quote");
-      const char16_t c = text_[pos_++];
-      if (c == u'"') {
-        if (pos_ < text_.size() && text_[pos_] == u'"') {
-          out.push_back(u'"');
-          ++pos_;
-          continue;
-        }
-        return out;
-      }
-      out.push_back(c);
+  Variant CallFunction(std::u16string_view name, std::span<Variant> args) override {
+    if (!MemberNameEquals(name, u"LoadPicture")) {
+      throw ZKError(35, u"Sub or Function not defined: " + std::u16string(name));
     }
-  }
-
-  // A literal, a control, or the value of a member path.
-  Variant Value() {
-    const char16_t c = Peek();
-    if (c == u'"') return Variant(Text());
-    if (c == u'-' || c == u'+' || c == u'.' || c == u'&' || (c >= u'0' && c <= u'9')) {
-      const size_t start = pos_;
-      while (pos_ < text_.size() && text_[pos_] != u',' && text_[pos_] != u')' &&
-             text_[pos_] != u' ' && text_[pos_] != u'\t') {
-        ++pos_;
-      }
-      const std::u16string_view word = text_.substr(start, pos_ - start);
-      if (!MStringUtils::IsNumberText(word)) SyntaxError(u"not a value: " + std::u16string(word));
-      return Variant(MStringUtils::ParseNumberText(word, u"."));
+    // A picture from an image file, as a host's LoadPicture gives one.
+    if (args.empty() || args[0].IsEmpty()) throw ZKError(449, u"Argument not optional");
+    if (args.size() > 1) {
+      throw ZKError(450, u"Wrong number of arguments or invalid property assignment");
     }
-    const size_t start = pos_;
-    const std::u16string name = Identifier();
-    if (MemberNameEquals(name, u"LoadPicture") && Consume(u'(')) {
-      // A picture from an image file, as a host's LoadPicture gives one.
-      const std::u16string path = Text();
-      if (!Consume(u')')) SyntaxError(u"expected \")\"");
-      return Variant(CurrentPlatform().Pictures().LoadPicture(path));
-    }
-    if (Peek() != u'.' && Peek() != u'(') {
-      if (MemberNameEquals(name, u"True")) return Variant(true);
-      if (MemberNameEquals(name, u"False")) return Variant(false);
-      if (MemberNameEquals(name, u"Nothing")) return Variant();
-      if (std::optional<int32_t> value = FindEnumerator(name)) return Variant(*value);
-      if (auto control = form_.ControlRef(name)) return Variant(control);
-      throw ZKError(error_number::kObjectRequired, u"Object required: " + name);
-    }
-    pos_ = start;
-    Target target = Path();
-    return Read(target);
-  }
-
-  std::vector<Variant> Arguments(char16_t closing) {
-    std::vector<Variant> args;
-    if (closing != u'\0' && Consume(closing)) return args;
-    if (closing == u'\0' && AtEnd()) return args;
-    while (true) {
-      args.push_back(Value());
-      if (Consume(u',')) continue;
-      if (closing != u'\0' && !Consume(closing)) SyntaxError(u"expected \")\"");
-      return args;
-    }
-  }
-
-  // NAME.Member[.Member...][(ARGS)]: resolves every member but the last one.
-  Target Path() {
-    Target target;
-    const std::u16string root = Identifier();
-    if (!Consume(u'.')) SyntaxError(u"expected NAME.Member");
-    if (MemberNameEquals(root, u"form")) {
-      target.ambient = true;
-    } else {
-      auto control = form_.ControlRef(root);
-      if (!control) throw ZKError(error_number::kObjectRequired, u"Object required: " + root);
-      target.keep_alive = control;
-      target.object = control.get();
-    }
-    while (true) {
-      std::u16string member = Identifier();
-      if (target.object != nullptr && target.keep_alive && IsExtenderMember(member) &&
-          dynamic_cast<ZKControl*>(target.object) != nullptr) {
-        // Name, Top, Left ... belong to the form's extender of the control.
-        target.object = form_.FindExtender(root);
-      }
-      std::vector<Variant> args;
-      bool has_args = false;
-      if (Consume(u'(')) {
-        args = Arguments(u')');
-        has_args = true;
-      }
-      if (!Consume(u'.')) {
-        target.member = std::move(member);
-        target.args = std::move(args);
-        target.has_args = has_args;
-        return target;
-      }
-      // A member of an object property: its value is the next object.
-      Target step = target;
-      step.member = std::move(member);
-      step.args = std::move(args);
-      step.has_args = has_args;
-      ObjectRef next = Read(step).ToObject();
-      if (!next) throw ZKError(91, u"Object variable or With block variable not set");
-      target.keep_alive = next;
-      target.object = next.get();
-      target.ambient = false;
-    }
-  }
-
-  Variant Read(Target& target) {
-    if (target.ambient) return form_.Ambient(target.member);
-    if (target.has_args || dynamic_cast<ZKControl*>(target.object) != nullptr) {
-      return target.object->CallMethod(target.member, target.args);
-    }
-    return target.object->GetProperty(target.member);
+    return Variant(CurrentPlatform().Pictures().LoadPicture(args[0].ToText()));
   }
 
  private:
-  std::u16string_view text_;
   Form& form_;
-  size_t pos_ = 0;
 };
 
 }  // namespace
@@ -251,7 +80,10 @@ std::u16string ScriptValueText(const Variant& value) {
 }
 
 ScriptHost::ScriptHost(Form& form, std::function<void(std::u16string_view)> print)
-    : form_(form), print_(std::move(print)) {
+    : form_(form),
+      scope_(std::make_unique<FormScope>(form)),
+      evaluator_(*scope_),
+      print_(std::move(print)) {
   previous_sink_ = MDebugUtils::SetTraceSink(
       [this](const MDebugUtils::TraceRecord& record) { traces_.push_back(record); });
   WatchAll();
@@ -329,165 +161,190 @@ int ScriptHost::Run(std::u16string_view script) {
   return status;
 }
 
+std::span<const ScriptHost::Statement> ScriptHost::Statements() {
+  using Host = ScriptHost;
+  using Operands = ScriptParser;
+  static constexpr std::array<Statement, 16> kStatements = {{
+      {u"new", [](Host& host, Operands& operands) { host.New(operands); }},
+      {u"events", [](Host& host, Operands& operands) { host.Replay(operands, true); }},
+      {u"notified", [](Host& host, Operands& operands) { host.Replay(operands, false); }},
+      {u"trace", [](Host& host, Operands& operands) { host.Trace(operands); }},
+      {u"save", [](Host& host, Operands& operands) { host.Save(operands); }},
+      {u"load", [](Host& host, Operands& operands) { host.Load(operands); }},
+      {u"click", [](Host& host, Operands& operands) { host.Click(operands, false); }},
+      {u"dblclick", [](Host& host, Operands& operands) { host.Click(operands, true); }},
+      {u"mousedown",
+       [](Host& host, Operands& operands) { host.MouseButton(operands, MouseAction::kDown); }},
+      {u"mousemove",
+       [](Host& host, Operands& operands) { host.MouseButton(operands, MouseAction::kMove); }},
+      {u"mouseup",
+       [](Host& host, Operands& operands) { host.MouseButton(operands, MouseAction::kUp); }},
+      {u"focus", [](Host& host, Operands& operands) { host.Focus(operands, false); }},
+      {u"sendkeys", [](Host& host, Operands& operands) { host.Focus(operands, true); }},
+      {u"wheel", [](Host& host, Operands& operands) { host.Wheel(operands); }},
+      {u"wait", [](Host& host, Operands& operands) { host.Wait(operands); }},
+      {u"call", [](Host& host, Operands& operands) { host.Call(operands); }},
+  }};
+  return kStatements;
+}
+
 void ScriptHost::ExecuteStatement(std::u16string_view line) {
-  Parser parser(line, form_);
-  if (parser.AtEnd() || parser.Peek() == u'#' || parser.Peek() == u'\'') return;
+  ScriptParser parser(line);
+  if (parser.AtEnd() || parser.Peek() == u'#') return;
   if (parser.Consume(u'?')) {
-    Variant value = parser.Value();
-    if (!parser.AtEnd()) SyntaxError(u"unexpected text after the value");
-    Print(ScriptValueText(value));
+    const ScriptExpression expression = parser.Value();
+    parser.ExpectEnd(u"the value");
+    Print(ScriptValueText(evaluator_.Evaluate(expression)));
     return;
   }
-  Parser lookahead(line, form_);
-  const std::u16string first = lookahead.Identifier();
-  const bool is_path = lookahead.Peek() == u'.';
-  auto word = [&](std::u16string_view keyword) {
-    return !is_path && MemberNameEquals(first, keyword);
-  };
-  auto mouse_point = [](Parser& p, float& x, float& y) {
-    x = static_cast<float>(p.Number());
-    y = static_cast<float>(p.Number());
-  };
-  if (word(u"new")) {
-    parser.Identifier();
-    const std::u16string kind = parser.Identifier();
-    const std::u16string name = parser.Identifier();
-    if (!parser.AtEnd()) SyntaxError(u"new KIND NAME");
-    ZKControl& control = form_.AddControl(kind, name);
-    Watch(control);
-    // Placement is where a script's story starts: what InitProperties notified is not news.
-    form_.TakePropertyChanges();
+  if (parser.AtMemberPath()) {
+    evaluator_.Execute(parser.MemberStatement());
     return;
   }
-  if (word(u"events") || word(u"notified")) {
-    parser.Identifier();
-    const std::u16string name = parser.Identifier();
-    if (form_.FindControl(name) == nullptr) {
-      throw ZKError(error_number::kObjectRequired, u"Object required: " + name);
-    }
-    CollectPropertyChanges();
-    Recording& recording = RecordingOf(name);
-    auto& lines = word(u"events") ? recording.events : recording.notified;
-    for (const std::u16string& entry : lines)
-      Print(entry);
-    lines.clear();
-    return;
-  }
-  if (word(u"trace")) {
-    for (const auto& record : traces_)
-      Print(MDebugUtils::FormatTraceLine(record));
-    traces_.clear();
-    return;
-  }
-  if (word(u"save") || word(u"load")) {
-    parser.Identifier();
-    const std::string path = Utf16ToUtf8(parser.Word());
-    if (word(u"save")) {
-      std::ofstream file(path, std::ios::binary);
-      const std::string text = form_.SaveText();
-      if (!file || !file.write(text.data(), static_cast<std::streamsize>(text.size()))) {
-        throw ZKError(75, u"Path/File access error: " + Utf8ToUtf16(path));
-      }
+  const std::u16string keyword = parser.Name();
+  for (const Statement& statement : Statements()) {
+    if (MemberNameEquals(statement.keyword, keyword)) {
+      statement.run(*this, parser);
       return;
     }
-    std::ifstream file(path, std::ios::binary);
-    if (!file) throw ZKError(error_number::kFileNotFound, u"File not found: " + Utf8ToUtf16(path));
-    std::stringstream contents;
-    contents << file.rdbuf();
-    form_.LoadText(contents.str());
-    WatchAll();
-    form_.TakePropertyChanges();
-    return;
   }
-  if (word(u"click") || word(u"dblclick") || word(u"mousedown") || word(u"mousemove") ||
-      word(u"mouseup")) {
-    parser.Identifier();
-    const std::u16string name = parser.Identifier();
-    DispatchObject* extender = form_.FindExtender(name);
-    if (extender == nullptr)
-      throw ZKError(error_number::kObjectRequired, u"Object required: " + name);
-    float x = 0;
-    float y = 0;
-    int16_t button = word(u"mousemove") ? 0 : 1;
-    int16_t shift = 0;
-    if (word(u"click") || word(u"dblclick")) {
-      if (parser.AtEnd()) {
-        x = static_cast<float>(extender->GetProperty(u"Width").ToDouble() / 2);
-        y = static_cast<float>(extender->GetProperty(u"Height").ToDouble() / 2);
-      } else {
-        mouse_point(parser, x, y);
-      }
-      form_.DeliverMouse(name, MouseAction::kDown, 1, 0, x, y);
-      form_.DeliverMouse(name, MouseAction::kUp, 1, 0, x, y);
-      if (word(u"dblclick")) {
-        form_.DeliverMouse(name, MouseAction::kDoubleDown, 1, 0, x, y);
-        form_.DeliverMouse(name, MouseAction::kUp, 1, 0, x, y);
-      }
-    } else {
-      mouse_point(parser, x, y);
-      if (!parser.AtEnd()) button = Variant(parser.Number()).ToInt16();
-      if (!parser.AtEnd()) shift = Variant(parser.Number()).ToInt16();
-      const MouseAction action = word(u"mousedown")   ? MouseAction::kDown
-                                 : word(u"mousemove") ? MouseAction::kMove
-                                                      : MouseAction::kUp;
-      form_.DeliverMouse(name, action, button, shift, x, y);
-    }
-    if (!parser.AtEnd()) SyntaxError(u"unexpected text after the input");
-    return;
-  }
-  if (word(u"focus") || word(u"sendkeys")) {
-    parser.Identifier();
-    const std::u16string name = parser.Identifier();
-    if (form_.FindControl(name) == nullptr) {
-      throw ZKError(error_number::kObjectRequired, u"Object required: " + name);
-    }
-    if (!form_.Focus(name)) {
-      throw ZKError(error_number::kInvalidProcedureCall,
-                    u"Invalid procedure call or argument: " + name + u" cannot take the focus");
-    }
-    if (word(u"sendkeys")) {
-      std::u16string keys(parser.Rest());
-      if (!keys.empty() && keys.front() == u'"') keys = parser.Text();
-      form_.TypeKeys(keys);
-    }
-    return;
-  }
-  if (word(u"wheel")) {
-    parser.Identifier();
-    const std::u16string name = parser.Identifier();
-    form_.Wheel(name, Variant(parser.Number()).ToInt32());
-    return;
-  }
-  if (word(u"wait")) {
-    parser.Identifier();
-    form_.Wait(Variant(parser.Number()).ToInt32());
-    return;
-  }
-  if (!is_path) SyntaxError(u"unknown statement " + first);
+  SyntaxError(u"unknown statement " + keyword);
+}
 
-  Target target = parser.Path();
-  if (parser.Consume(u'=')) {
-    const Variant value = parser.Value();
-    if (!parser.AtEnd()) SyntaxError(u"unexpected text after the value");
-    if (target.ambient) return form_.SetAmbient(target.member, value);
-    target.object->SetProperty(target.member, value, target.args);
-    return;
+std::u16string ScriptHost::ControlName(ScriptParser& operands) {
+  std::u16string name = operands.Name();
+  if (form_.FindControl(name) == nullptr) {
+    throw ZKError(error_number::kObjectRequired, u"Object required: " + name);
   }
-  if (!target.has_args) {
-    target.args = parser.Arguments(u'\0');
-    target.has_args = !target.args.empty();
-  } else if (!parser.AtEnd()) {
-    SyntaxError(u"unexpected text after the call");
+  return name;
+}
+
+void ScriptHost::New(ScriptParser& operands) {
+  const std::u16string kind = operands.Name();
+  const std::u16string name = operands.Name();
+  std::optional<std::u16string> container;
+  if (operands.ConsumeKeyword(u"in")) container = operands.Name();
+  if (!operands.AtEnd()) SyntaxError(u"new KIND NAME [in CONTAINER]");
+  ZKControl& control =
+      container ? form_.AddControlInside(kind, name, *container) : form_.AddControl(kind, name);
+  Watch(control);
+  // Placement is where a script's story starts: what InitProperties notified is not news.
+  form_.TakePropertyChanges();
+}
+
+void ScriptHost::Replay(ScriptParser& operands, bool events) {
+  const std::u16string name = ControlName(operands);
+  operands.ExpectEnd(u"the name");
+  CollectPropertyChanges();
+  Recording& recording = RecordingOf(name);
+  std::vector<std::u16string>& lines = events ? recording.events : recording.notified;
+  for (const std::u16string& entry : lines)
+    Print(entry);
+  lines.clear();
+}
+
+void ScriptHost::Trace(ScriptParser& operands) {
+  operands.ExpectEnd(u"trace");
+  for (const auto& record : traces_)
+    Print(MDebugUtils::FormatTraceLine(record));
+  traces_.clear();
+}
+
+void ScriptHost::Save(ScriptParser& operands) {
+  const std::string path = Utf16ToUtf8(operands.Word());
+  operands.ExpectEnd(u"the file name");
+  std::ofstream file(path, std::ios::binary);
+  const std::string text = form_.SaveText();
+  if (!file || !file.write(text.data(), static_cast<std::streamsize>(text.size()))) {
+    throw ZKError(75, u"Path/File access error: " + Utf8ToUtf16(path));
   }
-  if (target.ambient) {
-    form_.Ambient(target.member);
-    return;
+}
+
+void ScriptHost::Load(ScriptParser& operands) {
+  const std::string path = Utf16ToUtf8(operands.Word());
+  operands.ExpectEnd(u"the file name");
+  std::ifstream file(path, std::ios::binary);
+  if (!file) throw ZKError(error_number::kFileNotFound, u"File not found: " + Utf8ToUtf16(path));
+  std::stringstream contents;
+  contents << file.rdbuf();
+  form_.LoadText(contents.str());
+  WatchAll();
+  form_.TakePropertyChanges();
+}
+
+void ScriptHost::Click(ScriptParser& operands, bool twice) {
+  const std::u16string name = operands.Name();
+  DispatchObject* extender = form_.FindExtender(name);
+  if (extender == nullptr) {
+    throw ZKError(error_number::kObjectRequired, u"Object required: " + name);
   }
-  if (dynamic_cast<ZKControl*>(target.object) != nullptr || target.has_args) {
-    target.object->CallMethod(target.member, target.args);
+  float x = 0;
+  float y = 0;
+  if (operands.AtEnd()) {
+    // Without a point, the middle of the control.
+    x = static_cast<float>(extender->GetProperty(u"Width").ToDouble() / 2);
+    y = static_cast<float>(extender->GetProperty(u"Height").ToDouble() / 2);
   } else {
-    target.object->GetProperty(target.member);
+    x = static_cast<float>(operands.Number());
+    y = static_cast<float>(operands.Number());
   }
+  operands.ExpectEnd(u"the input");
+  form_.DeliverMouse(name, MouseAction::kDown, 1, 0, x, y);
+  form_.DeliverMouse(name, MouseAction::kUp, 1, 0, x, y);
+  if (twice) {
+    form_.DeliverMouse(name, MouseAction::kDoubleDown, 1, 0, x, y);
+    form_.DeliverMouse(name, MouseAction::kUp, 1, 0, x, y);
+  }
+}
+
+void ScriptHost::MouseButton(ScriptParser& operands, MouseAction action) {
+  const std::u16string name = operands.Name();
+  if (form_.FindExtender(name) == nullptr) {
+    throw ZKError(error_number::kObjectRequired, u"Object required: " + name);
+  }
+  const auto x = static_cast<float>(operands.Number());
+  const auto y = static_cast<float>(operands.Number());
+  int16_t button = action == MouseAction::kMove ? 0 : 1;
+  int16_t shift = 0;
+  if (!operands.AtEnd()) button = Variant(operands.Number()).ToInt16();
+  if (!operands.AtEnd()) shift = Variant(operands.Number()).ToInt16();
+  operands.ExpectEnd(u"the input");
+  form_.DeliverMouse(name, action, button, shift, x, y);
+}
+
+void ScriptHost::Focus(ScriptParser& operands, bool then_type) {
+  const std::u16string name = ControlName(operands);
+  std::u16string keys;
+  if (then_type) {
+    // The keys as written up to the end of the line, or a text in quotes.
+    keys = operands.Peek() == u'"' ? operands.Text() : operands.Rest();
+  }
+  operands.ExpectEnd(then_type ? u"the keys" : u"the name");
+  if (!form_.Focus(name)) {
+    throw ZKError(error_number::kInvalidProcedureCall,
+                  u"Invalid procedure call or argument: " + name + u" cannot take the focus");
+  }
+  if (then_type) form_.TypeKeys(keys);
+}
+
+void ScriptHost::Wheel(ScriptParser& operands) {
+  const std::u16string name = operands.Name();
+  const int32_t delta = Variant(operands.Number()).ToInt32();
+  operands.ExpectEnd(u"the delta");
+  form_.Wheel(name, delta);
+}
+
+void ScriptHost::Wait(ScriptParser& operands) {
+  const int32_t milliseconds = Variant(operands.Number()).ToInt32();
+  operands.ExpectEnd(u"the time");
+  form_.Wait(milliseconds);
+}
+
+void ScriptHost::Call(ScriptParser& operands) {
+  if (!operands.AtMemberPath()) SyntaxError(u"call NAME.Method[(ARGS)]");
+  const ScriptMemberStatement statement = operands.MemberStatement();
+  if (statement.value) SyntaxError(u"call NAME.Method[(ARGS)]");
+  evaluator_.Execute(statement);
 }
 
 }  // namespace zk

@@ -2,6 +2,8 @@
 
 #include <functional>
 #include <map>
+#include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,17 +11,22 @@
 #include "foundation/debug_utils.h"
 #include "foundation/signal.h"
 #include "hosting/form.h"
+#include "hosting/script_evaluator.h"
+#include "hosting/script_parser.h"
 
 namespace zk {
 
 // Runs scripts that create controls on a form and drive them by their automation names, one
 // statement a line:
 //
-//   new ZKLabel Total              place a control as a designer does
+//   new ZKLabel Total              place a control as a designer does (new KIND NAME in
+//                                    CONTAINER places it inside a container control)
 //   Total.Caption = "Sum"          write a property (also Total.ExtraProp("x") = 1,
 //   Total.Font.Size = 12             and members of object properties)
-//   ? Total.Caption                print a value (also Total.Font.Name, Total.Font, literals)
-//   Total.Refresh                  call a method (also Total.ParseArchiveStr("..."))
+//   ? Total.Caption                print a value (also Total.ExtraProp("x"), Total.Font, literals)
+//   Total.Refresh                  call a method; arguments follow without parentheses
+//   Total.ExtraAction "a", "b"       (or in them, or after "call": call Total.ExtraAction("a"));
+//                                    one may be left out between commas: M("x", , "t")
 //   events Total                   the events raised since the last "events Total"
 //   notified Total                 the property-changed notifications since the last time
 //   trace                          the diagnostic lines since the last "trace"
@@ -30,8 +37,9 @@ namespace zk {
 //
 // Literals are numbers (-3, 2.5, &H8000000F), texts in double quotes with doubled quotes inside,
 // True, False, Nothing, LoadPicture("file.png") and the names of the published enumerators; a
-// control's name stands for the control. Blank lines and lines starting with "#" or "'" are
-// ignored. A statement that fails prints "error N: DESCRIPTION" and the script goes on.
+// control's name stands for the control. Arguments and indexes are such values or members of
+// controls. Blank lines, lines starting with "#" and everything after a "'" outside a text are
+// comments. A statement that fails prints "error N: DESCRIPTION" and the script goes on.
 class ScriptHost {
  public:
   // `print` receives every output line (without its line break).
@@ -52,7 +60,29 @@ class ScriptHost {
     ScopedConnection connection;
   };
 
+  // A statement that starts with a keyword, with the handler that reads its operands from the
+  // parser and runs it.
+  struct Statement {
+    std::u16string_view keyword;
+    void (*run)(ScriptHost& host, ScriptParser& operands);
+  };
+  static std::span<const Statement> Statements();
+
   void ExecuteStatement(std::u16string_view line);
+  // The statements of the table, each reading its operands and running.
+  void New(ScriptParser& operands);
+  void Replay(ScriptParser& operands, bool events);
+  void Trace(ScriptParser& operands);
+  void Save(ScriptParser& operands);
+  void Load(ScriptParser& operands);
+  void Click(ScriptParser& operands, bool twice);
+  void MouseButton(ScriptParser& operands, MouseAction action);
+  void Focus(ScriptParser& operands, bool then_type);
+  void Wheel(ScriptParser& operands);
+  void Wait(ScriptParser& operands);
+  void Call(ScriptParser& operands);
+  // The name of a placed control; 424 when there is none.
+  std::u16string ControlName(ScriptParser& operands);
   void Watch(ZKControl& control);
   void WatchAll();
   void CollectPropertyChanges();
@@ -60,6 +90,8 @@ class ScriptHost {
   void Print(std::u16string_view line) { print_(line); }
 
   Form& form_;
+  std::unique_ptr<ScriptScope> scope_;
+  ScriptEvaluator evaluator_;
   std::function<void(std::u16string_view)> print_;
   std::map<std::u16string, Recording> recordings_;
   std::vector<MDebugUtils::TraceRecord> traces_;
