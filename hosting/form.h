@@ -30,8 +30,13 @@ class Form {
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
 
-  // Places a new control of that kind as a designer does; its TabIndex follows the order of
-  // creation. Throws ZKError 5 for an unknown kind or a name that is taken or not a name.
+  // Places a new control of that kind as a designer does; it comes last in the tab order.
+  // Throws ZKError 5 for an unknown kind or a name that is taken or not a name.
+  //
+  // The form keeps the controls' TabIndex values numbered 0, 1, 2 ... without gaps, as a form
+  // designer does: writing a control's TabIndex moves it to that place in the tab order and
+  // renumbers the others (an index beyond the last puts it last); removing a control closes
+  // its gap; a loaded form file keeps the order of its saved values.
   ZKControl& AddControl(std::u16string_view kind, std::u16string_view name);
   ZKControl* FindControl(std::u16string_view name);
   // The control as a shared reference, for passing it on as an object (null when not placed).
@@ -80,6 +85,8 @@ class Form {
     const ControlKind* kind;
     std::unique_ptr<IControlSite> site;
     std::shared_ptr<ZKControl> control;
+    // Follows writes of the control's TabIndex (goes before the site that raises them).
+    ScopedConnection tab_index_watch;
   };
 
   // A new site for a control of that kind and name, with its extender prepared (sizes
@@ -107,6 +114,12 @@ class Form {
  private:
   Placed& Place(const ControlKind& kind, std::u16string_view name,
                 const MemoryPropertyBag* extender_values);
+  // Puts the control whose extender is `moved` at `place` in the tab order (last when beyond
+  // it) and numbers every control by its place.
+  void MoveInTabOrder(const DispatchObject* moved, int32_t place);
+  // Numbers the controls 0, 1, 2 ... in the order of their present TabIndex values (placement
+  // order among equal values).
+  void RenumberTabOrder() { MoveInTabOrder(nullptr, 0); }
 
   IPlatform& platform_;
   PlatformRecorder& recorder_;
@@ -114,6 +127,8 @@ class Form {
   std::vector<Placed> placed_;
   // Placed controls by their name in lower case, for quick lookups on large forms.
   std::unordered_map<std::u16string, size_t> index_;
+  // Set while the form writes TabIndex values itself.
+  bool renumbering_ = false;
 };
 
 }  // namespace zk
