@@ -31,6 +31,18 @@ bool IsName(std::u16string_view name) {
   return true;
 }
 
+// Raises a flag for as long as it lives.
+class FlagScope {
+ public:
+  explicit FlagScope(bool& flag) : flag_(flag) { flag_ = true; }
+  FlagScope(const FlagScope&) = delete;
+  FlagScope& operator=(const FlagScope&) = delete;
+  ~FlagScope() { flag_ = false; }
+
+ private:
+  bool& flag_;
+};
+
 [[noreturn]] void Refuse(std::u16string description) {
   throw ZKError(error_number::kInvalidProcedureCall, std::move(description));
 }
@@ -238,18 +250,12 @@ void Form::MoveInTabOrder(const DispatchObject* moved, int32_t place) {
         static_cast<size_t>(std::clamp<int32_t>(place, 0, static_cast<int32_t>(order.size())));
     order.insert(order.begin() + static_cast<std::ptrdiff_t>(at), moving);
   }
-  renumbering_ = true;
-  try {
-    for (size_t i = 0; i < order.size(); ++i) {
-      DispatchObject& extender = order[i]->site->Extender();
-      const Variant number(static_cast<int32_t>(i));
-      if (extender.GetProperty(u"TabIndex") != number) extender.SetProperty(u"TabIndex", number);
-    }
-  } catch (...) {
-    renumbering_ = false;
-    throw;
+  const FlagScope renumbering(renumbering_);
+  for (size_t i = 0; i < order.size(); ++i) {
+    DispatchObject& extender = order[i]->site->Extender();
+    const Variant number(static_cast<int32_t>(i));
+    if (extender.GetProperty(u"TabIndex") != number) extender.SetProperty(u"TabIndex", number);
   }
-  renumbering_ = false;
 }
 
 }  // namespace zk

@@ -1,5 +1,6 @@
 #include "platform/qt/qt_text_box.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -11,6 +12,7 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <cmath>
+#include <memory>
 #include <type_traits>
 
 #include "platform/qt/qt_border.h"
@@ -84,7 +86,6 @@ class QtTextBox::Editor {
   virtual ~Editor() = default;
   virtual QWidget* Widget() = 0;
   virtual void BaseKeyPress(QKeyEvent* event) = 0;
-  virtual void InsertTyped(const QString& text) = 0;
   // The classic border, drawn by the editor itself in place of Qt's frame.
   virtual void SetBorder(int16_t style, int16_t appearance) = 0;
 
@@ -107,7 +108,7 @@ class QtTextBox::Editor {
     if (typed != 0 && !box_.Type(static_cast<char16_t>(typed))) BaseKeyPress(event);
   }
   // Qt's menu, with its Undo taking back what the box counts as the last edit.
-  void ContextMenu(QContextMenuEvent* event, QMenu* menu) {
+  void ContextMenu(QContextMenuEvent* event, std::unique_ptr<QMenu> menu) {
     for (QAction* action : menu->actions()) {
       if (IsEntryFor(*action, QKeySequence::Redo)) {
         menu->removeAction(action);
@@ -118,7 +119,6 @@ class QtTextBox::Editor {
       }
     }
     menu->exec(event->globalPos());
-    delete menu;
   }
   void KeyRelease(QKeyEvent* event) {
     int16_t code = KeyCodeOf(event->key());
@@ -170,13 +170,6 @@ class QtTextBox::EditorWidget final : public QtEditor, public QtTextBox::Editor 
   }
   QWidget* Widget() override { return this; }
   void BaseKeyPress(QKeyEvent* event) override { QtEditor::keyPressEvent(event); }
-  void InsertTyped(const QString& text) override {
-    if constexpr (std::is_same_v<QtEditor, QPlainTextEdit>) {
-      this->insertPlainText(text);
-    } else {
-      this->insert(text);
-    }
-  }
   void SetBorder(int16_t style, int16_t appearance) override {
     border_style_ = style;
     appearance_ = appearance;
@@ -193,6 +186,11 @@ class QtTextBox::EditorWidget final : public QtEditor, public QtTextBox::Editor 
 
  protected:
   bool event(QEvent* event) override {
+    if constexpr (std::is_same_v<QtEditor, QLineEdit>) {
+      // A QLineEdit drops its selection, soon after its window becomes active, when it does
+      // not have the focus then; a classic box keeps the selection of a box without focus.
+      if (event->type() == QEvent::WindowActivate) return QWidget::event(event);
+    }
     const bool handled = QtEditor::event(event);
     // The border goes over what the editor painted, in the margins left for it.
     if (event->type() == QEvent::Paint && border_style_ != 0) {
@@ -203,7 +201,7 @@ class QtTextBox::EditorWidget final : public QtEditor, public QtTextBox::Editor 
   }
   void keyPressEvent(QKeyEvent* event) override { KeyPress(event); }
   void contextMenuEvent(QContextMenuEvent* event) override {
-    ContextMenu(event, this->createStandardContextMenu());
+    ContextMenu(event, std::unique_ptr<QMenu>(this->createStandardContextMenu()));
   }
   void keyReleaseEvent(QKeyEvent* event) override {
     KeyRelease(event);
@@ -233,6 +231,7 @@ class QtTextBox::EditorWidget final : public QtEditor, public QtTextBox::Editor 
     box_.QtSelection(anchor, cursor);
     QtEditor::focusInEvent(event);
     box_.SetQtSelection(anchor, cursor);
+    box_.ApplyColours();
     box_.surface_.ChildFocus(true);
   }
   void focusOutEvent(QFocusEvent* event) override {
@@ -243,6 +242,7 @@ class QtTextBox::EditorWidget final : public QtEditor, public QtTextBox::Editor 
     box_.QtSelection(anchor, cursor);
     QtEditor::focusOutEvent(event);
     box_.SetQtSelection(anchor, cursor);
+    box_.ApplyColours();
     box_.surface_.ChildFocus(false);
   }
 
@@ -597,8 +597,19 @@ void QtTextBox::SetAlignment(int16_t alignment) {
 void QtTextBox::ApplyColours() {
   if (!widget_) return;
   QPalette colors = widget_->palette();
-  colors.setColor(QPalette::Base, ToQColor(back_color_, colors));
-  colors.setColor(QPalette::Text, ToQColor(fore_color_, colors));
+  const QColor back = ToQColor(back_color_, colors);
+  const QColor fore = ToQColor(fore_color_, colors);
+  colors.setColor(QPalette::Base, back);
+  colors.setColor(QPalette::Text, fore);
+  // The selection shows only while the box has the focus; elsewhere it is kept, unseen.
+  const QPalette standard = QApplication::palette(widget_);
+  const bool focused = widget_->hasFocus();
+  for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+    colors.setColor(group, QPalette::Highlight,
+                    focused ? standard.color(group, QPalette::Highlight) : back);
+    colors.setColor(group, QPalette::HighlightedText,
+                    focused ? standard.color(group, QPalette::HighlightedText) : fore);
+  }
   widget_->setPalette(colors);
 }
 
