@@ -31,8 +31,10 @@ constexpr int64_t kMinMagnitude = -330;
 
 constexpr uint64_t kMaxRadixValue = 0xFFFFFFFFu;
 
+// What number reading skips wherever it stands. A carriage return is not among them: it ends
+// the number like any other character that cannot continue it.
 bool IsBlank(char16_t c) {
-  return c == u' ' || c == u'\t' || c == u'\n' || c == u'\r';
+  return c == u' ' || c == u'\t' || c == u'\n';
 }
 bool IsDigit(char16_t c) {
   return c >= u'0' && c <= u'9';

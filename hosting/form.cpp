@@ -31,6 +31,18 @@ bool IsName(std::u16string_view name) {
   return true;
 }
 
+// Raises a flag for as long as it lives.
+class FlagScope {
+ public:
+  explicit FlagScope(bool& flag) : flag_(flag) { flag_ = true; }
+  FlagScope(const FlagScope&) = delete;
+  FlagScope& operator=(const FlagScope&) = delete;
+  ~FlagScope() { flag_ = false; }
+
+ private:
+  bool& flag_;
+};
+
 [[noreturn]] void Refuse(std::u16string description) {
   throw ZKError(error_number::kInvalidProcedureCall, std::move(description));
 }
@@ -99,6 +111,7 @@ bool Form::RemoveControl(std::u16string_view name) {
   placed->control.reset();  // the control goes before its site
   placed_.erase(placed_.begin() + (placed - placed_.data()));
   Reindex();
+  RenumberTabOrder();  // the controls after it move up one place
   return true;
 }
 
@@ -113,7 +126,7 @@ void Form::RemoveAll() {
 
 Form::Placed& Form::Place(const ControlKind& kind, std::u16string_view name,
                           const MemoryPropertyBag* extender_values) {
-  Placed placed{std::u16string(name), &kind, CreateSite(kind, name), nullptr};
+  Placed placed{std::u16string(name), &kind, CreateSite(kind, name), nullptr, {}};
   DispatchObject& extender = placed.site->Extender();
   auto* form_extender = dynamic_cast<FormExtender*>(&extender);
   if (form_extender != nullptr) {
@@ -144,6 +157,11 @@ Form::Placed& Form::Place(const ControlKind& kind, std::u16string_view name,
     ZKControl& control = *placed.control;
     form_extender->BindEnabled([&control] { return control.Enabled(); },
                                [&control](bool enabled) { control.SetEnabled(enabled); });
+    placed.tab_index_watch = form_extender->PropertyWritten().Connect(
+        [this, form_extender](std::u16string_view property) {
+          if (renumbering_ || !MemberNameEquals(property, u"TabIndex")) return;
+          MoveInTabOrder(form_extender, form_extender->TabIndex());
+        });
   }
   placed_.push_back(std::move(placed));
   index_.emplace(LowerCase(name), placed_.size() - 1);
@@ -226,6 +244,35 @@ void Form::LoadText(std::string_view text) {
     } catch (...) {
       MDebugUtils::TraceError(entry.name, u"ReadProperties");
     }
+  }
+  // Each control came with its saved TabIndex; together they give the order.
+  RenumberTabOrder();
+}
+
+void Form::MoveInTabOrder(const DispatchObject* moved, int32_t place) {
+  std::vector<Placed*> order;
+  Placed* moving = nullptr;
+  for (Placed& placed : placed_) {
+    if (&placed.site->Extender() == moved) {
+      moving = &placed;
+    } else {
+      order.push_back(&placed);
+    }
+  }
+  std::stable_sort(order.begin(), order.end(), [](Placed* a, Placed* b) {
+    return a->site->Extender().GetProperty(u"TabIndex").ToInt32() <
+           b->site->Extender().GetProperty(u"TabIndex").ToInt32();
+  });
+  if (moving != nullptr) {
+    const auto at =
+        static_cast<size_t>(std::clamp<int32_t>(place, 0, static_cast<int32_t>(order.size())));
+    order.insert(order.begin() + static_cast<std::ptrdiff_t>(at), moving);
+  }
+  const FlagScope renumbering(renumbering_);
+  for (size_t i = 0; i < order.size(); ++i) {
+    DispatchObject& extender = order[i]->site->Extender();
+    const Variant number(static_cast<int32_t>(i));
+    if (extender.GetProperty(u"TabIndex") != number) extender.SetProperty(u"TabIndex", number);
   }
 }
 

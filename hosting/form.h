@@ -30,8 +30,13 @@ class Form {
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
 
-  // Places a new control of that kind as a designer does; its TabIndex follows the order of
-  // creation. Throws ZKError 5 for an unknown kind or a name that is taken or not a name.
+  // Places a new control of that kind as a designer does; it comes last in the tab order.
+  // Throws ZKError 5 for an unknown kind or a name that is taken or not a name.
+  //
+  // The form keeps the controls' TabIndex values numbered 0, 1, 2 ... without gaps, as a form
+  // designer does: writing a control's TabIndex moves it to that place in the tab order and
+  // renumbers the others (an index beyond the last puts it last); removing a control closes
+  // its gap; a loaded form file keeps the order of its saved values.
   ZKControl& AddControl(std::u16string_view kind, std::u16string_view name);
   // Places a new control of that kind inside the placed control `container`, as a designer
   // drops a control on a container. The kind and the name are checked as AddControl checks
@@ -87,6 +92,8 @@ class Form {
     const ControlKind* kind;
     std::unique_ptr<IControlSite> site;
     std::shared_ptr<ZKControl> control;
+    // Follows writes of the control's TabIndex (goes before the site that raises them).
+    ScopedConnection tab_index_watch;
   };
 
   // A new site for a control of that kind and name, with its extender prepared (sizes
@@ -117,6 +124,12 @@ class Form {
   // The kind of a control about to be placed under `name`; raises ZKError 5 for an unknown
   // kind or a name that is taken or not a name.
   const ControlKind& NewControlKind(std::u16string_view kind, std::u16string_view name);
+  // Puts the control whose extender is `moved` at `place` in the tab order (last when beyond
+  // it) and numbers every control by its place.
+  void MoveInTabOrder(const DispatchObject* moved, int32_t place);
+  // Numbers the controls 0, 1, 2 ... in the order of their present TabIndex values (placement
+  // order among equal values).
+  void RenumberTabOrder() { MoveInTabOrder(nullptr, 0); }
 
   IPlatform& platform_;
   PlatformRecorder& recorder_;
@@ -124,6 +137,8 @@ class Form {
   std::vector<Placed> placed_;
   // Placed controls by their name in lower case, for quick lookups on large forms.
   std::unordered_map<std::u16string, size_t> index_;
+  // Set while the form writes TabIndex values itself.
+  bool renumbering_ = false;
 };
 
 }  // namespace zk

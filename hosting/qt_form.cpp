@@ -1,10 +1,12 @@
 #include "hosting/qt_form.h"
 
 #include <QApplication>
+#include <QChildEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
+#include <QWindow>
 #include <utility>
 
 #include "foundation/zk_error.h"
@@ -21,6 +23,27 @@ class QtForm::FormWidget final : public QWidget {
   }
 
  protected:
+  bool event(QEvent* event) override {
+    if (event->type() == QEvent::ChildAdded && isVisible()) {
+      QObject* child = static_cast<QChildEvent*>(event)->child();
+      // Qt shows a widget's children when the widget appears; one added later stays hidden
+      // unless someone shows it. The child is still being made here, so it is shown once the
+      // event loop comes round, unless it was hidden on purpose or made a window by then.
+      if (child->isWidgetType()) {
+        QMetaObject::invokeMethod(
+            this,
+            [this, added = QPointer<QWidget>(static_cast<QWidget*>(child))] {
+              if (added && added->parentWidget() == this && !added->isWindow() &&
+                  !added->testAttribute(Qt::WA_WState_ExplicitShowHide)) {
+                added->show();
+              }
+            },
+            Qt::QueuedConnection);
+      }
+    }
+    return QWidget::event(event);
+  }
+
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
     painter.fillRect(rect(), ToQColor(form_.AmbientProperties().BackColor(), palette()));
@@ -32,22 +55,38 @@ class QtForm::FormWidget final : public QWidget {
 
 // Watches the user's input to the form's widgets, so that the focus leaves a control only after
 // the control validated: a press on another control and the Tab key ask it first.
+//
+// A press from the window system comes to the form's window first; Qt then hands it to the
+// widget under the pointer and, on the way, gives that widget the focus before any filter of
+// the widget sees the press. So such a press is judged at the window: a refused leave swallows
+// it there, and its release with it, and the clicked control never hears of either. Presses
+// that the form synthesises go straight to a widget and are judged there.
 class QtForm::InputGuard final : public QObject {
  public:
   explicit InputGuard(QtForm& form) : form_(form) {}
 
   bool eventFilter(QObject* watched, QEvent* event) override {
     if (form_.widget_ == nullptr) return false;
+    const QEvent::Type type = event->type();
+    const bool press = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
+    if (watched->isWindowType()) {
+      if (watched != form_.widget_->windowHandle()) return false;
+      // The second press of a double click comes as a press and then a double click.
+      if (type == QEvent::MouseButtonDblClick && form_.swallow_release_) return true;
+      if (press) return !PressMayReach(*static_cast<QMouseEvent*>(event));
+      return type == QEvent::MouseButtonRelease && std::exchange(form_.swallow_release_, false);
+    }
     auto* widget = qobject_cast<QWidget*>(watched);
     if (widget == nullptr || !form_.widget_->isAncestorOf(widget)) return false;
-    if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick) {
+    if (type == QEvent::MouseButtonDblClick && form_.swallow_release_) return true;
+    if (press) {
       Placed* target = form_.PlacedOf(widget);
       if (target == nullptr || target->control.get() == form_.FocusedControl()) return false;
       if (!form_.CanFocus(*target)) return false;
       form_.swallow_release_ = !form_.MoveFocusTo(*target, Qt::MouseFocusReason);
       return form_.swallow_release_;
     }
-    if (event->type() == QEvent::MouseButtonRelease && form_.swallow_release_) {
+    if (type == QEvent::MouseButtonRelease && form_.swallow_release_) {
       form_.swallow_release_ = false;  // the release of a press that was refused
       return true;
     }
@@ -68,6 +107,26 @@ class QtForm::InputGuard final : public QObject {
   }
 
  private:
+  // Asks the control that has the focus whether a press at the form window's point may go to
+  // the control under it; when it may, that control takes the focus at once, so the press
+  // reaches it as a press on the focused control.
+  bool PressMayReach(const QMouseEvent& event) {
+    QWidget* under = form_.widget_->childAt(event.position().toPoint());
+    Placed* target = under != nullptr ? form_.PlacedOf(under) : nullptr;
+    if (target == nullptr || target->control.get() == form_.FocusedControl() ||
+        !form_.CanFocus(*target)) {
+      return true;
+    }
+    if (!form_.MayLeave(form_.FocusedControl())) {
+      form_.swallow_release_ = true;
+      return false;
+    }
+    // No event loop here: the release of this very press may be waiting in the queue.
+    if (QWidget* control = static_cast<QtControlSite&>(*target->site).Surface().Widget())
+      control->setFocus(Qt::MouseFocusReason);
+    return true;
+  }
+
   QtForm& form_;
 };
 

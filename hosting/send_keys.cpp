@@ -76,7 +76,9 @@ KeyStroke StrokeOf(char16_t c) {
   return stroke;
 }
 
-// Applies held modifiers: Ctrl turns a letter into its control character, Alt types nothing.
+// Applies held modifiers as the classic keyboard does: Ctrl turns a letter into its control
+// character and Backspace into 127 (DEL), keeps Enter and the blank, and makes other keys type
+// nothing; Alt types nothing.
 KeyStroke WithModifiers(KeyStroke stroke, int16_t held) {
   stroke.shift = static_cast<int16_t>(stroke.shift | held);
   if ((held & kAlt) != 0) {
@@ -85,7 +87,9 @@ KeyStroke WithModifiers(KeyStroke stroke, int16_t held) {
     const int16_t letter = stroke.key_code;
     if (letter >= u'A' && letter <= u'Z') {
       stroke.character = static_cast<int16_t>(letter - u'A' + 1);
-    } else if (stroke.character != 13 && stroke.character != 8 && stroke.character != 32) {
+    } else if (stroke.key_code == 8) {
+      stroke.character = 127;
+    } else if (stroke.character != 13 && stroke.character != 32) {
       stroke.character = 0;
     }
   } else if ((held & kShift) != 0 && stroke.character >= u'a' && stroke.character <= u'z') {

@@ -20,7 +20,9 @@ struct KeyStroke {
 // {HOME}, {END}, {INSERT}, {PGUP}, {PGDN}, {F1} to {F12} name keys; {+}, {^}, {%}, {~}, {{},
 // {}}, {(} and {)} type those characters; "+", "^" and "%" hold Shift, Ctrl and Alt for the next
 // key, or for every key of a following group in parentheses ("^(ac)"); {KEY n} repeats a key n
-// times. Throws ZKError 5 for notation it cannot read.
+// times. The characters typed with Ctrl are the classic keyboard's: a letter's control
+// character, 127 for Backspace, Enter and the blank themselves, nothing for other keys.
+// Throws ZKError 5 for notation it cannot read.
 std::vector<KeyStroke> ParseSendKeys(std::u16string_view keys);
 
 }  // namespace zk

@@ -145,10 +145,12 @@ class IImageElement : public IElement {
 // the text). Positions and lengths count UTF-16 units. While its control has the focus, the
 // keys go to the box: KeyDown, then KeyPress with the typed character, then KeyUp; handlers may
 // change the key code or the character, and a code or character set to 0 is dropped before the
-// box acts on it. Every change of the text raises Change, whoever made it. The box takes back
-// its last edit on the undo message (window_message::kEditUndo) sent to its window; a second
-// undo takes back the undo. Changing the alignment recreates the box's window, which starts
-// over without a length limit.
+// box acts on it. Every change of the text raises Change, whoever made it, and so does every
+// text the program sets, even the one already shown. What keys do to the text is the same on
+// every platform (TextBoxEditor). The box takes back its last edit (a run of typing counts as
+// one) on the undo message (window_message::kEditUndo) sent to its window; a second undo takes
+// back the undo. Changing the alignment recreates the box's window, which starts over without
+// a length limit.
 class ITextBoxElement : public IElement {
  public:
   virtual WindowHandle hWnd() const = 0;

@@ -19,14 +19,14 @@ int32_t Pixels(double twips, double twips_per_pixel) {
 }  // namespace
 
 HeadlessTextBox::HeadlessTextBox(HeadlessPlatform& platform, WindowHandle parent, bool multi_line)
-    : platform_(platform), multi_line_(multi_line) {
+    : platform_(platform), multi_line_(multi_line), editor_(multi_line) {
   font_ = platform_.Fonts().DefaultFont();
   window_ =
       platform_.Windows().CreateWindow(parent, u"Edit", {}, multi_line ? 0x50200004 : 0x50000000);
   platform_.Windows().SetClassHandler(
       window_, [this](WindowHandle, uint32_t message, int32_t, int32_t) -> int32_t {
         if (message != window_message::kEditUndo) return 0;
-        const bool could = undo_.has_value();
+        const bool could = editor_.CanUndo();
         Undo();
         return could ? 1 : 0;
       });
@@ -51,8 +51,9 @@ std::u16string HeadlessTextBox::Shown() const {
 }
 
 void HeadlessTextBox::SetText(std::u16string_view text) {
-  // A new text starts a new history, with the caret at its start.
-  undo_.reset();
+  // A new text starts a new history, with the caret at its start; it is a change even when
+  // it is the text already shown.
+  editor_.Forget();
   text_ = text;
   caret_ = anchor_ = 0;
   change_.Emit();
@@ -72,7 +73,8 @@ std::u16string HeadlessTextBox::SelText() const {
 }
 
 void HeadlessTextBox::SetSelText(std::u16string_view text) {
-  Replace(text, false);
+  if (text.empty() && SelLength() == 0) return;
+  ApplyEdit({SelStart(), SelLength(), std::u16string(text), TextBoxEditor::EditKind::kOther});
 }
 
 void HeadlessTextBox::SetAlignment(int16_t alignment) {
@@ -80,31 +82,22 @@ void HeadlessTextBox::SetAlignment(int16_t alignment) {
   max_length_ = 0;  // the box's window is made anew, without its length limit
 }
 
-bool HeadlessTextBox::Replace(std::u16string_view text, bool typed) {
-  const int32_t start = SelStart();
-  const int32_t length = SelLength();
-  std::u16string_view inserted = text;
-  if (typed && max_length_ > 0) {
-    const int32_t room = std::max(0, max_length_ - (Length() - length));
-    if (static_cast<int32_t>(inserted.size()) > room)
-      inserted = inserted.substr(0, static_cast<size_t>(room));
-    if (inserted.empty() && length == 0) return false;
-  }
-  if (inserted.empty() && length == 0) return false;
-  undo_ = State{text_, caret_, anchor_};
-  text_.replace(static_cast<size_t>(start), static_cast<size_t>(length), inserted);
-  caret_ = anchor_ = start + static_cast<int32_t>(inserted.size());
+void HeadlessTextBox::Show(const TextBoxEditor::State& state) {
+  text_ = state.text;
+  caret_ = state.caret;
+  anchor_ = state.anchor;
   change_.Emit();
-  return true;
+}
+
+void HeadlessTextBox::ApplyEdit(const TextBoxEditor::Edit& edit) {
+  const TextBoxEditor::State before = Current();
+  const TextBoxEditor::State after = TextBoxEditor::Applied(before, edit);
+  editor_.Record(before, after, edit.kind);
+  Show(after);
 }
 
 void HeadlessTextBox::Undo() {
-  if (!undo_) return;
-  State previous = std::exchange(*undo_, State{text_, caret_, anchor_});
-  text_ = std::move(previous.text);
-  caret_ = std::min(previous.caret, Length());
-  anchor_ = std::min(previous.anchor, Length());
-  change_.Emit();
+  if (auto shown = editor_.Undo(Current())) Show(*shown);
 }
 
 int32_t HeadlessTextBox::LineStart(int32_t position) const {
@@ -159,51 +152,35 @@ void HeadlessTextBox::ActOnKey(int16_t key_code, int16_t shift) {
       }
       return MoveCaret(target, extend);
     }
-    case 9:  // Ctrl+Tab types a tab in a box of several lines (Tab alone moves the focus)
-      if (multi_line_ && (shift & kCtrlKey) && !locked_) Replace(u"\t", true);
+    case 9: {  // Tab alone moves the focus and never comes here
+      TextBoxEditor::Edit edit;
+      if ((shift & kCtrlKey) && editor_.ForCtrlTab(Current(), locked_, max_length_, edit))
+        ApplyEdit(edit);
       return;
-    case 46:  // Delete: the selection, or the unit after the caret
-      if (locked_) return;
-      if (caret_ == anchor_) {
-        if (caret_ >= Length()) return;
-        anchor_ = caret_ + ((text_.compare(static_cast<size_t>(caret_), 2, u"\r\n") == 0) ? 2 : 1);
-      }
-      Replace(u"", false);
+    }
+    case 46: {  // Delete
+      TextBoxEditor::Edit edit;
+      if (editor_.ForDeleteKey(Current(), locked_, edit)) ApplyEdit(edit);
       return;
+    }
     default:
       return;
   }
 }
 
 void HeadlessTextBox::Type(char16_t character) {
-  switch (character) {
-    case 1:  // Ctrl+A
+  TextBoxEditor::Edit edit;
+  switch (editor_.ForCharacter(Current(), character, locked_, max_length_, edit)) {
+    case TextBoxEditor::Action::kEdit:
+      return ApplyEdit(edit);
+    case TextBoxEditor::Action::kSelectAll:
       anchor_ = 0;
       caret_ = Length();
       return;
-    case 26:  // Ctrl+Z
-      Undo();
+    case TextBoxEditor::Action::kUndo:
+      return Undo();
+    case TextBoxEditor::Action::kNothing:
       return;
-    case 8:  // Backspace: the selection, or the unit before the caret
-      if (locked_) return;
-      if (caret_ == anchor_) {
-        if (caret_ == 0) return;
-        anchor_ =
-            caret_ -
-            ((caret_ >= 2 && text_.compare(static_cast<size_t>(caret_ - 2), 2, u"\r\n") == 0) ? 2
-                                                                                              : 1);
-      }
-      Replace(u"", false);
-      return;
-    case 13:
-      if (multi_line_ && !locked_) Replace(u"\r\n", true);
-      return;
-    case 9:
-      if (multi_line_ && !locked_) Replace(u"\t", true);
-      return;
-    default:
-      if (character < 32 || locked_) return;
-      Replace(std::u16string_view(&character, 1), true);
   }
 }
 

@@ -2,23 +2,21 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <optional>
 #include <string>
 
 #include "platform/elements.h"
 #include "platform/headless/headless_element.h"
+#include "platform/text_box_editor.h"
 
 namespace zk {
 
 class HeadlessPlatform;
 
-// A text box of the headless platform: a complete editor without pixels. Keys act as in a
-// classic edit box: Left, Right, Home and End move the caret (with Shift they extend the
-// selection), Up and Down move between lines of a multi-line box, Delete and Backspace remove
-// the selection or one character, Enter and Tab type CR LF and a tab in a multi-line box only,
-// Ctrl+A selects everything and Ctrl+Z undoes; other control characters type nothing. Typing
-// replaces the selection, and stops at MaxLength. It has a window of its own (class "Edit") that
-// answers the undo message.
+// A text box of the headless platform: a complete editor without pixels. Left, Right, Home and
+// End move the caret (with Shift they extend the selection), Up and Down move between lines of
+// a multi-line box; what typed characters, Delete and Ctrl+Tab do, and undo, are the editing
+// rules that every platform's text box shares (TextBoxEditor). It has a window of its own
+// (class "Edit") that answers the undo message.
 class HeadlessTextBox : public HeadlessElement<ITextBoxElement> {
  public:
   HeadlessTextBox(HeadlessPlatform& platform, WindowHandle parent, bool multi_line);
@@ -70,17 +68,11 @@ class HeadlessTextBox : public HeadlessElement<ITextBoxElement> {
   std::u16string Shown() const;
 
  private:
-  struct State {
-    std::u16string text;
-    int32_t caret;
-    int32_t anchor;
-  };
-
+  TextBoxEditor::State Current() const { return {text_, caret_, anchor_}; }
+  void Show(const TextBoxEditor::State& state);
   void ActOnKey(int16_t key_code, int16_t shift);
   void Type(char16_t character);
-  // Replaces the selection with `text` (cut to the length limit when typed); false when
-  // nothing changed.
-  bool Replace(std::u16string_view text, bool typed);
+  void ApplyEdit(const TextBoxEditor::Edit& edit);
   void MoveCaret(int32_t position, bool extend);
   void Undo();
   int32_t Length() const { return static_cast<int32_t>(text_.size()); }
@@ -103,7 +95,7 @@ class HeadlessTextBox : public HeadlessElement<ITextBoxElement> {
   FontDescription font_;
   int16_t appearance_ = 1;
   int16_t border_style_ = 1;
-  std::optional<State> undo_;
+  TextBoxEditor editor_;
   Signal<> change_;
   Signal<int16_t&, int16_t&> key_down_;
   Signal<int16_t&> key_press_;

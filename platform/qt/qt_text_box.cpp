@@ -1,14 +1,18 @@
 #include "platform/qt/qt_text_box.h"
 
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <cmath>
+#include <memory>
 #include <type_traits>
 
 #include "platform/qt/qt_border.h"
@@ -34,6 +38,45 @@ std::u16string FromQtLines(QString text) {
   return FromQString(text);
 }
 
+// The character that a key types, as the classic keyboard gives it: Ctrl with a letter types
+// that letter's control character (Ctrl+H is 8), Ctrl+Backspace types 127, Ctrl+Space a blank,
+// other Ctrl and Alt combinations and the Delete key (to which X reports 127) type nothing.
+// Qt's own text says what the other keys type.
+int16_t CharacterOf(const QKeyEvent& event) {
+  const int key = event.key();
+  const Qt::KeyboardModifiers modifiers = event.modifiers();
+  const bool ctrl = modifiers & Qt::ControlModifier;
+  const bool alt = modifiers & Qt::AltModifier;
+  if (key == Qt::Key_Delete || (alt && !ctrl)) return 0;
+  if (ctrl && !alt) {
+    if (key >= Qt::Key_A && key <= Qt::Key_Z) return static_cast<int16_t>(key - Qt::Key_A + 1);
+    if (key == Qt::Key_Backspace) return 127;
+    if (key == Qt::Key_Space) return 32;
+    if (key == Qt::Key_Return || key == Qt::Key_Enter) return 13;
+    return 0;
+  }
+  const QString text = event.text();
+  return text.isEmpty() ? int16_t{0} : static_cast<int16_t>(text.at(0).unicode());
+}
+
+// Raises a flag for as long as it lives.
+class FlagScope {
+ public:
+  explicit FlagScope(bool& flag) : flag_(flag) { flag_ = true; }
+  FlagScope(const FlagScope&) = delete;
+  FlagScope& operator=(const FlagScope&) = delete;
+  ~FlagScope() { flag_ = false; }
+
+ private:
+  bool& flag_;
+};
+
+// Whether a menu entry is the one for a standard key (its text ends with the key's shortcut).
+bool IsEntryFor(const QAction& action, QKeySequence::StandardKey key) {
+  const QString shortcut = QKeySequence(key).toString(QKeySequence::NativeText);
+  return !shortcut.isEmpty() && action.text().endsWith(QLatin1Char('\t') + shortcut);
+}
+
 }  // namespace
 
 // What both editors share: keys through the box's events first, mouse and focus reported.
@@ -43,40 +86,39 @@ class QtTextBox::Editor {
   virtual ~Editor() = default;
   virtual QWidget* Widget() = 0;
   virtual void BaseKeyPress(QKeyEvent* event) = 0;
-  virtual void InsertTyped(const QString& text) = 0;
   // The classic border, drawn by the editor itself in place of Qt's frame.
   virtual void SetBorder(int16_t style, int16_t appearance) = 0;
 
  protected:
-  // True when the editor's own handling of the event should follow.
   void KeyPress(QKeyEvent* event) {
     int16_t code = KeyCodeOf(event->key());
     int16_t shift = ShiftCode(event->modifiers());
+    const int16_t character = CharacterOf(*event);
     box_.key_down_.Emit(code, shift);
+    // Keys that type are the box's own; the others move the caret in Qt's way. Qt would
+    // type the text of some keys that type nothing here (Alt with a letter): not those.
     const QString text = event->text();
-    if (text.isEmpty() || text.at(0).unicode() == 127) {
-      // Ctrl+Tab types a tab in a box of several lines (Tab alone moves the focus).
-      if (code == 9 && (shift & 2) && box_.multi_line_ && !box_.Locked()) {
-        InsertTyped(QStringLiteral("\t"));
-      } else if (code != 0) {
-        BaseKeyPress(event);
-      }
-      return;
-    }
-    const auto original = static_cast<int16_t>(text.at(0).unicode());
-    int16_t typed = original;
-    box_.key_press_.Emit(typed);
-    if (typed == 0) return;
-    // The length limit applies to what is typed.
-    if (typed >= 32 && box_.max_length_ > 0 &&
-        static_cast<int32_t>(box_.Text().size()) - box_.SelLength() >= box_.max_length_) {
-      return;
-    }
-    if (typed == original) {
+    const bool qt_would_type = !text.isEmpty() && text.at(0).isPrint();
+    if (code != 0 && !box_.ActOnKey(code, shift) && character == 0 && !qt_would_type) {
       BaseKeyPress(event);
-    } else if (typed >= 32) {
-      InsertTyped(QString(QChar(static_cast<char16_t>(typed))));
     }
+    if (character == 0) return;
+    int16_t typed = character;
+    box_.key_press_.Emit(typed);
+    if (typed != 0 && !box_.Type(static_cast<char16_t>(typed))) BaseKeyPress(event);
+  }
+  // Qt's menu, with its Undo taking back what the box counts as the last edit.
+  void ContextMenu(QContextMenuEvent* event, std::unique_ptr<QMenu> menu) {
+    for (QAction* action : menu->actions()) {
+      if (IsEntryFor(*action, QKeySequence::Redo)) {
+        menu->removeAction(action);
+      } else if (IsEntryFor(*action, QKeySequence::Undo)) {
+        QObject::disconnect(action, &QAction::triggered, nullptr, nullptr);
+        action->setEnabled(box_.editor_.CanUndo() && !box_.Locked());
+        QObject::connect(action, &QAction::triggered, Widget(), [this] { box_.Undo(); });
+      }
+    }
+    menu->exec(event->globalPos());
   }
   void KeyRelease(QKeyEvent* event) {
     int16_t code = KeyCodeOf(event->key());
@@ -128,13 +170,6 @@ class QtTextBox::EditorWidget final : public QtEditor, public QtTextBox::Editor 
   }
   QWidget* Widget() override { return this; }
   void BaseKeyPress(QKeyEvent* event) override { QtEditor::keyPressEvent(event); }
-  void InsertTyped(const QString& text) override {
-    if constexpr (std::is_same_v<QtEditor, QPlainTextEdit>) {
-      this->insertPlainText(text);
-    } else {
-      this->insert(text);
-    }
-  }
   void SetBorder(int16_t style, int16_t appearance) override {
     border_style_ = style;
     appearance_ = appearance;
@@ -151,6 +186,11 @@ class QtTextBox::EditorWidget final : public QtEditor, public QtTextBox::Editor 
 
  protected:
   bool event(QEvent* event) override {
+    if constexpr (std::is_same_v<QtEditor, QLineEdit>) {
+      // A QLineEdit drops its selection, soon after its window becomes active, when it does
+      // not have the focus then; a classic box keeps the selection of a box without focus.
+      if (event->type() == QEvent::WindowActivate) return QWidget::event(event);
+    }
     const bool handled = QtEditor::event(event);
     // The border goes over what the editor painted, in the margins left for it.
     if (event->type() == QEvent::Paint && border_style_ != 0) {
@@ -160,6 +200,9 @@ class QtTextBox::EditorWidget final : public QtEditor, public QtTextBox::Editor 
     return handled;
   }
   void keyPressEvent(QKeyEvent* event) override { KeyPress(event); }
+  void contextMenuEvent(QContextMenuEvent* event) override {
+    ContextMenu(event, std::unique_ptr<QMenu>(this->createStandardContextMenu()));
+  }
   void keyReleaseEvent(QKeyEvent* event) override {
     KeyRelease(event);
     QtEditor::keyReleaseEvent(event);
@@ -181,11 +224,25 @@ class QtTextBox::EditorWidget final : public QtEditor, public QtTextBox::Editor 
     QtEditor::mouseReleaseEvent(event);
   }
   void focusInEvent(QFocusEvent* event) override {
+    // A QLineEdit selects its whole text when the Tab key brings the focus; a classic box
+    // leaves the selection as it was (selecting it all is the control's AutoSelect).
+    int anchor = 0;
+    int cursor = 0;
+    box_.QtSelection(anchor, cursor);
     QtEditor::focusInEvent(event);
+    box_.SetQtSelection(anchor, cursor);
+    box_.ApplyColours();
     box_.surface_.ChildFocus(true);
   }
   void focusOutEvent(QFocusEvent* event) override {
+    // A QLineEdit also drops its selection when the focus goes; a classic box keeps it (and
+    // only hides it) until the focus comes back.
+    int anchor = 0;
+    int cursor = 0;
+    box_.QtSelection(anchor, cursor);
     QtEditor::focusOutEvent(event);
+    box_.SetQtSelection(anchor, cursor);
+    box_.ApplyColours();
     box_.surface_.ChildFocus(false);
   }
 
@@ -195,18 +252,26 @@ class QtTextBox::EditorWidget final : public QtEditor, public QtTextBox::Editor 
 };
 
 QtTextBox::QtTextBox(QtSurface& surface, bool multi_line)
-    : surface_(surface), multi_line_(multi_line) {
+    : surface_(surface), multi_line_(multi_line), editor_(multi_line) {
   font_ = surface_.Platform().Fonts().DefaultFont();
   QWidget* parent = surface_.Widget();
   if (multi_line) {
     auto* editor = new EditorWidget<QPlainTextEdit>(*this, parent);
-    QObject::connect(editor, &QPlainTextEdit::textChanged, [this] { change_.Emit(); });
-    editor_ = editor;
+    // The box keeps its own undo; Qt's would take back other steps.
+    editor->document()->setUndoRedoEnabled(false);
+    QObject::connect(editor, &QPlainTextEdit::textChanged, [this] { QtChangedText(); });
+    QObject::connect(editor, &QPlainTextEdit::cursorPositionChanged,
+                     [this] { QtMovedSelection(); });
+    QObject::connect(editor, &QPlainTextEdit::selectionChanged, [this] { QtMovedSelection(); });
+    editor_widget_ = editor;
     widget_ = editor;
   } else {
     auto* editor = new EditorWidget<QLineEdit>(*this, parent);
-    QObject::connect(editor, &QLineEdit::textChanged, [this](const QString&) { change_.Emit(); });
-    editor_ = editor;
+    QObject::connect(editor, &QLineEdit::textChanged, [this](const QString&) { QtChangedText(); });
+    QObject::connect(editor, &QLineEdit::cursorPositionChanged,
+                     [this](int, int) { QtMovedSelection(); });
+    QObject::connect(editor, &QLineEdit::selectionChanged, [this] { QtMovedSelection(); });
+    editor_widget_ = editor;
     widget_ = editor;
   }
   // The control's focus is the box's.
@@ -217,12 +282,11 @@ QtTextBox::QtTextBox(QtSurface& surface, bool multi_line)
   surface_.Platform().Windows().SetClassHandler(
       window_, [this](WindowHandle, uint32_t message, int32_t, int32_t) -> int32_t {
         if (message != window_message::kEditUndo) return 0;
-        Undo();
-        return 1;
+        return Undo() ? 1 : 0;
       });
   SetFont(font_);
   ApplyColours();
-  editor_->SetBorder(border_style_, appearance_);
+  editor_widget_->SetBorder(border_style_, appearance_);
   if (parent != nullptr && parent->isVisible()) widget_->show();
 }
 
@@ -277,13 +341,124 @@ std::u16string QtTextBox::Text() const {
 
 void QtTextBox::SetText(std::u16string_view text) {
   if (!widget_) return;
-  if (multi_line_) {
-    static_cast<QPlainTextEdit*>(widget_.data())->setPlainText(ToQtLines(text));
-  } else {
-    auto* line = static_cast<QLineEdit*>(widget_.data());
-    line->setText(ToQString(text));
-    line->setCursorPosition(0);
+  {
+    const FlagScope writing(writing_);
+    if (multi_line_) {
+      static_cast<QPlainTextEdit*>(widget_.data())->setPlainText(ToQtLines(text));
+    } else {
+      auto* line = static_cast<QLineEdit*>(widget_.data());
+      line->setText(ToQString(text));
+      line->setCursorPosition(0);
+    }
   }
+  // A new text starts a new history, with the caret at its start; it is a change even when
+  // it is the text already shown (Qt reports none then).
+  editor_.Forget();
+  last_seen_ = Current();
+  change_.Emit();
+}
+
+TextBoxEditor::State QtTextBox::Current() const {
+  if (!widget_) return {};
+  int anchor = 0;
+  int cursor = 0;
+  QtSelection(anchor, cursor);
+  return {Text(), FromQtPosition(cursor), FromQtPosition(anchor)};
+}
+
+void QtTextBox::Show(const TextBoxEditor::State& state) {
+  {
+    const FlagScope writing(writing_);
+    if (multi_line_) {
+      static_cast<QPlainTextEdit*>(widget_.data())->setPlainText(ToQtLines(state.text));
+    } else {
+      static_cast<QLineEdit*>(widget_.data())->setText(ToQString(state.text));
+    }
+    SetQtSelection(ToQtPosition(state.anchor), ToQtPosition(state.caret));
+  }
+  last_seen_ = Current();
+  change_.Emit();
+}
+
+void QtTextBox::ApplyEdit(const TextBoxEditor::Edit& edit) {
+  if (!widget_) return;
+  const TextBoxEditor::State before = Current();
+  const TextBoxEditor::State after = TextBoxEditor::Applied(before, edit);
+  editor_.Record(before, after, edit.kind);
+  {
+    const FlagScope writing(writing_);
+    if (multi_line_) {
+      // The document is edited in place, so that it keeps its scroll position.
+      auto* editor = static_cast<QPlainTextEdit*>(widget_.data());
+      QTextCursor cursor(editor->document());
+      cursor.setPosition(ToQtPosition(edit.start));
+      cursor.setPosition(ToQtPosition(edit.start + edit.length), QTextCursor::KeepAnchor);
+      cursor.insertText(ToQtLines(edit.text));
+      editor->setTextCursor(cursor);
+    } else {
+      auto* line = static_cast<QLineEdit*>(widget_.data());
+      line->setText(ToQString(after.text));
+      line->setCursorPosition(after.caret);
+    }
+  }
+  last_seen_ = Current();
+  change_.Emit();
+}
+
+bool QtTextBox::ActOnKey(int16_t key_code, int16_t shift) {
+  TextBoxEditor::Edit edit;
+  if (key_code == 46) {  // Delete
+    if (editor_.ForDeleteKey(Current(), Locked(), edit)) ApplyEdit(edit);
+    return true;
+  }
+  if (key_code == 9 && (shift & 2)) {  // Ctrl+Tab (Tab alone moves the focus)
+    if (editor_.ForCtrlTab(Current(), Locked(), max_length_, edit)) ApplyEdit(edit);
+    return true;
+  }
+  return false;
+}
+
+bool QtTextBox::Type(char16_t character) {
+  TextBoxEditor::Edit edit;
+  switch (editor_.ForCharacter(Current(), character, Locked(), max_length_, edit)) {
+    case TextBoxEditor::Action::kEdit:
+      ApplyEdit(edit);
+      return true;
+    case TextBoxEditor::Action::kSelectAll:
+      SetQtSelection(0, ToQtPosition(static_cast<int32_t>(Text().size())));
+      return true;
+    case TextBoxEditor::Action::kUndo:
+      Undo();
+      return true;
+    case TextBoxEditor::Action::kNothing:
+      break;
+  }
+  // Copy, cut and paste are Qt's (the clipboard is the desktop's).
+  return character != 3 && character != 24 && character != 22;
+}
+
+bool QtTextBox::Undo() {
+  if (!widget_) return false;
+  const std::optional<TextBoxEditor::State> shown = editor_.Undo(Current());
+  if (!shown) return false;
+  Show(*shown);
+  return true;
+}
+
+void QtTextBox::QtChangedText() {
+  if (writing_) return;
+  const TextBoxEditor::State now = Current();
+  if (now.text == last_seen_.text) return;
+  editor_.Record(last_seen_, now, TextBoxEditor::EditKind::kOther);
+  last_seen_ = now;
+  change_.Emit();
+}
+
+void QtTextBox::QtMovedSelection() {
+  if (writing_) return;
+  // Qt may report the new caret before the new text; the text's own report takes it then.
+  TextBoxEditor::State now = Current();
+  if (now.text == last_seen_.text) last_seen_ = std::move(now);
 }
 
 int32_t QtTextBox::FromQtPosition(int qt_position) const {
@@ -375,12 +550,8 @@ std::u16string QtTextBox::SelText() const {
 }
 
 void QtTextBox::SetSelText(std::u16string_view text) {
-  if (!widget_) return;
-  if (multi_line_) {
-    static_cast<QPlainTextEdit*>(widget_.data())->insertPlainText(ToQtLines(text));
-  } else {
-    static_cast<QLineEdit*>(widget_.data())->insert(ToQString(text));
-  }
+  if (!widget_ || (text.empty() && SelLength() == 0)) return;
+  ApplyEdit({SelStart(), SelLength(), std::u16string(text), TextBoxEditor::EditKind::kOther});
 }
 
 bool QtTextBox::Locked() const {
@@ -426,8 +597,19 @@ void QtTextBox::SetAlignment(int16_t alignment) {
 void QtTextBox::ApplyColours() {
   if (!widget_) return;
   QPalette colors = widget_->palette();
-  colors.setColor(QPalette::Base, ToQColor(back_color_, colors));
-  colors.setColor(QPalette::Text, ToQColor(fore_color_, colors));
+  const QColor back = ToQColor(back_color_, colors);
+  const QColor fore = ToQColor(fore_color_, colors);
+  colors.setColor(QPalette::Base, back);
+  colors.setColor(QPalette::Text, fore);
+  // The selection shows only while the box has the focus; elsewhere it is kept, unseen.
+  const QPalette standard = QApplication::palette(widget_);
+  const bool focused = widget_->hasFocus();
+  for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+    colors.setColor(group, QPalette::Highlight,
+                    focused ? standard.color(group, QPalette::Highlight) : back);
+    colors.setColor(group, QPalette::HighlightedText,
+                    focused ? standard.color(group, QPalette::HighlightedText) : fore);
+  }
   widget_->setPalette(colors);
 }
 
@@ -448,21 +630,12 @@ void QtTextBox::SetFont(const FontDescription& font) {
 
 void QtTextBox::SetBorderStyle(int16_t style) {
   border_style_ = style;
-  if (widget_) editor_->SetBorder(border_style_, appearance_);
+  if (widget_) editor_widget_->SetBorder(border_style_, appearance_);
 }
 
 void QtTextBox::SetAppearance(int16_t appearance) {
   appearance_ = appearance;
-  if (widget_) editor_->SetBorder(border_style_, appearance_);
-}
-
-void QtTextBox::Undo() {
-  if (!widget_) return;
-  if (multi_line_) {
-    static_cast<QPlainTextEdit*>(widget_.data())->undo();
-  } else {
-    static_cast<QLineEdit*>(widget_.data())->undo();
-  }
+  if (widget_) editor_widget_->SetBorder(border_style_, appearance_);
 }
 
 }  // namespace zk

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/elements.h"
+#include "platform/text_box_editor.h"
 
 namespace zk {
 
@@ -13,8 +14,11 @@ class QtSurface;
 
 // A text box of the Qt platform: a QLineEdit, or a QPlainTextEdit for several lines, inside the
 // control's widget. Keys pass through KeyDown and KeyPress first, so that the control may change
-// or drop them; the length limit applies to typing only (a text set by the program may be
-// longer). Line breaks are CR LF in the text and in every position, as the controls count them.
+// or drop them. What typed characters, Delete and Ctrl+Tab do, and undo, follow the editing rules
+// that every platform's text box shares (TextBoxEditor), not Qt's own; Qt moves the caret and
+// selection, and keeps the clipboard keys (Ctrl+C, Ctrl+X, Ctrl+V). The length limit applies to
+// typing only (a text set by the program may be longer). Line breaks are CR LF in the text and
+// in every position, as the controls count them.
 class QtTextBox final : public ITextBoxElement {
  public:
   QtTextBox(QtSurface& surface, bool multi_line);
@@ -79,7 +83,21 @@ class QtTextBox final : public ITextBoxElement {
   friend class Editor;
 
   void ApplyColours();
-  void Undo();
+  // The text and selection as the controls count them.
+  TextBoxEditor::State Current() const;
+  // Shows a whole state (an undo) and reports the change.
+  void Show(const TextBoxEditor::State& state);
+  void ApplyEdit(const TextBoxEditor::Edit& edit);
+  // The box's own action on a key that types no character; false leaves the key to Qt.
+  bool ActOnKey(int16_t key_code, int16_t shift);
+  // The box's action on a typed character; false leaves the key to Qt (the clipboard keys).
+  bool Type(char16_t character);
+  // Takes back the last edit; false when there is none.
+  bool Undo();
+  // Qt changed the text by itself (a paste, a drop): it is an edit like any other.
+  void QtChangedText();
+  // Qt moved the caret or the selection.
+  void QtMovedSelection();
   // Conversions between CR LF positions and Qt's one-unit line breaks.
   int32_t FromQtPosition(int qt_position) const;
   int ToQtPosition(int32_t position) const;
@@ -90,7 +108,7 @@ class QtTextBox final : public ITextBoxElement {
   QtSurface& surface_;
   bool multi_line_;
   QPointer<QWidget> widget_;
-  Editor* editor_ = nullptr;
+  Editor* editor_widget_ = nullptr;
   WindowHandle window_ = 0;
   double left_ = 0;
   double top_ = 0;
@@ -106,6 +124,11 @@ class QtTextBox final : public ITextBoxElement {
   FontDescription font_;
   int16_t appearance_ = 1;
   int16_t border_style_ = 1;
+  TextBoxEditor editor_;
+  // The box as last seen, what an edit that Qt makes by itself starts from.
+  TextBoxEditor::State last_seen_;
+  // Set while the box writes into the Qt editor itself.
+  bool writing_ = false;
   Signal<> click_;
   Signal<> dbl_click_;
   MouseSignal mouse_down_;

@@ -26,6 +26,7 @@ TEST(SendKeysTest, ReadsCharactersNamedKeysAndModifiers) {
       {u"{F2}{F4}{F12}", {{113, 0, 0}, {115, 0, 0}, {123, 0, 0}}},
       {u"^a", {{65, 2, 1}}},   // Ctrl+A types the control character 1
       {u"^ ", {{32, 2, 32}}},  // Ctrl+Space still types a blank
+      {u"^{BS}^h^~", {{8, 2, 127}, {72, 2, 8}, {13, 2, 13}}},  // Ctrl+Backspace types DEL
       {u"+a", {{65, 1, u'A'}}},
       {u"%f", {{70, 4, 0}}},  // Alt types nothing
       {u"+{TAB}", {{9, 1, 9}}},

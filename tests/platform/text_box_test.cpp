@@ -98,7 +98,55 @@ TEST_F(TextBoxTest, KeysEditTheTextAsAClassicEditBoxDoes) {
        u"abc\r\nde",
        7,
        0},
-      {"ctrl+z undoes", false, 0, u"", {Char(u'a'), Char(u'b'), Char(26)}, u"a", 1, 0},
+      {"ctrl+z undoes the typing run",
+       false,
+       0,
+       u"x",
+       {Char(u'a'), Char(u'b'), Char(26)},
+       u"x",
+       0,
+       0},
+      {"ctrl+z undoes the undo",
+       false,
+       0,
+       u"x",
+       {{35, 0, 0}, Char(u'a'), Char(26), Char(26)},
+       u"xa",
+       2,
+       0},
+      {"backspaces are one run",
+       false,
+       0,
+       u"abc",
+       {{35, 0, 0}, Char(8), Char(8), Char(26)},
+       u"abc",
+       3,
+       0},
+      {"ctrl+backspace types nothing", false, 0, u"ab", {{35, 0, 0}, Char(127)}, u"ab", 2, 0},
+      {"a line break beyond the limit is refused whole",
+       true,
+       3,
+       u"ab",
+       {{35, 0, 0}, Char(13)},
+       u"ab",
+       2,
+       0},
+      {"delete over a break",
+       true,
+       0,
+       u"a\r\nb",
+       {{36, 0, 0}, {39, 0, 0}, {46, 0, 0}},
+       u"ab",
+       1,
+       0},
+      {"ctrl+tab types a tab in several lines",
+       true,
+       0,
+       u"ab",
+       {{35, 0, 0}, {9, 2, 0}},
+       u"ab\t",
+       3,
+       0},
   };
   for (const Row& row : rows) {
     SCOPED_TRACE(row.what);
@@ -150,6 +198,9 @@ TEST_F(TextBoxTest, LockedBoxesMoveButDoNotEditAndUndoComesByMessage) {
   box->SetSelLength(3);
   EXPECT_EQ(box->SelText(), u"ixe");
   box->SetSelText(u"--");
+  EXPECT_EQ(box->Text(), u"f--d");
+  box->SetLocked(true);
+  box->DeliverKey(90, 2, 26);  // Ctrl+Z edits nothing in a read-only box
   EXPECT_EQ(box->Text(), u"f--d");
   platform_.Windows().SendMessage(box->hWnd(), window_message::kEditUndo, 0, 0);
   EXPECT_EQ(box->Text(), u"fixed");

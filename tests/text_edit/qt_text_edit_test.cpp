@@ -53,6 +53,26 @@ TEST_F(QtTextEditTest, AnInvalidValueKeepsTheFocusWithOneBeep) {
   EXPECT_EQ(form_.FocusedControl(), &multi_);
 }
 
+TEST_F(QtTextEditTest, TheSelectionIsKeptButHiddenWhileTheFocusIsElsewhere) {
+  const QWidget* box = platform_.Windows().Widget(edit_.TextBox().hWnd());
+  const auto selection_hidden = [box] {
+    const QPalette& colors = box->palette();
+    return colors.color(QPalette::Highlight) == colors.color(QPalette::Base) &&
+           colors.color(QPalette::HighlightedText) == colors.color(QPalette::Text);
+  };
+  edit_.SetText(u"hello");
+  ASSERT_TRUE(form_.Focus(u"E"));
+  edit_.SetSelStart(1);
+  edit_.SetSelLength(3);
+  EXPECT_FALSE(selection_hidden());
+  ASSERT_TRUE(form_.Focus(u"M"));
+  EXPECT_EQ(edit_.SelText(), u"ell");
+  EXPECT_TRUE(selection_hidden());
+  ASSERT_TRUE(form_.Focus(u"E"));
+  EXPECT_EQ(edit_.SelText(), u"ell");
+  EXPECT_FALSE(selection_hidden());
+}
+
 TEST_F(QtTextEditTest, MultiLineTypedValuesStayOnOneLine) {
   multi_.SetDataType(zktTDInteger);
   multi_.SetText(u"");
