@@ -51,9 +51,13 @@ void HeadlessForm::DeliverMouse(std::u16string_view name, MouseAction action, in
   if (site == nullptr) throw ZKError(error_number::kInvalidProcedureCall, u"No such control");
   if (action == MouseAction::kDown || action == MouseAction::kDoubleDown) {
     Placed* placed = FindPlaced(name);
-    // A control that refuses to let the focus go keeps the press, and its release, from
-    // reaching the other one.
-    if (placed && CanFocus(*placed) && !SetFocusTo(placed)) {
+    // The press gives the focus to the part under it (or the control's own text box there);
+    // on the control's windowless area the focus inside the control stays where it was.
+    bool here = false;
+    HeadlessSurface* inner = site->Surface().PressFocusTarget(x, y, here);
+    // A control (or part) that refuses to let the focus go keeps the press, and its release,
+    // from reaching the other one.
+    if (placed && CanFocus(*placed) && !SetFocusTo(placed, inner, here)) {
       swallow_release_ = true;
       return;
     }
@@ -62,16 +66,19 @@ void HeadlessForm::DeliverMouse(std::u16string_view name, MouseAction action, in
   site->Surface().Deliver(action, button, shift, x, y);
 }
 
-bool HeadlessForm::SetFocusTo(Placed* placed) {
+bool HeadlessForm::SetFocusTo(Placed* placed, HeadlessSurface* inner, bool here) {
   ZKControl* next = placed ? placed->control.get() : nullptr;
+  if (next == focused_ && next != nullptr) return inner == nullptr || inner->MoveFocusHere(here);
   if (next == focused_) return true;
   // The control that has the focus validates before it lets it go.
   if (!MayLeave(FocusedControl())) return false;
   if (ZKControl* previous = FocusedControl()) {
-    if (HeadlessControlSite* site = FindSite(previous->Name())) site->Surface().LostFocus().Emit();
+    if (HeadlessControlSite* site = FindSite(previous->Name())) site->Surface().SetFormFocus(false);
   }
+  // Without the focus yet, the control only remembers where inside it the focus goes.
+  if (inner != nullptr) inner->MoveFocusHere(here);
   focused_ = next;
-  if (placed) static_cast<HeadlessControlSite&>(*placed->site).Surface().GotFocus().Emit();
+  if (placed) static_cast<HeadlessControlSite&>(*placed->site).Surface().SetFormFocus(true);
   return true;
 }
 
@@ -86,6 +93,7 @@ bool HeadlessForm::Focus(std::u16string_view name) {
 void HeadlessForm::TypeKeys(std::u16string_view keys) {
   for (KeyStroke stroke : ParseSendKeys(keys)) {
     if (stroke.key_code == 9 && (stroke.shift & 6) == 0) {
+      if (OfferTab(FocusedControl(), stroke.shift)) continue;
       // The form moves the focus on Tab.
       if (Placed* next = NextInTabOrder(FocusedControl(), (stroke.shift & 1) != 0))
         SetFocusTo(next);

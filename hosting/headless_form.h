@@ -36,8 +36,9 @@ class HeadlessForm final : public Form {
   void SetTwipsPerPixel(double twips_per_pixel) override;
 
  private:
-  // Moves the focus after the control that has it agreed; false when it kept the focus.
-  bool SetFocusTo(Placed* placed);
+  // Moves the focus after the control that has it agreed; false when it kept the focus. The
+  // focus inside the control goes to `inner` when given (see HeadlessSurface::MoveFocusHere).
+  bool SetFocusTo(Placed* placed, HeadlessSurface* inner = nullptr, bool here = false);
 
   HeadlessPlatform& platform_;
   WindowHandle window_;
