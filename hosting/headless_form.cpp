@@ -38,11 +38,18 @@ HeadlessControlSite* HeadlessForm::FindSite(std::u16string_view name) {
   return placed ? static_cast<HeadlessControlSite*>(placed->site.get()) : nullptr;
 }
 
-ZKControl* HeadlessForm::FocusedControl() {
+HeadlessForm::Placed* HeadlessForm::FocusedPlaced() {
+  // The control whose surface has the form's focus: a control placed anew never has it, even
+  // where a removed one that had it lived before.
   for (Placed& placed : PlacedControls()) {
-    if (placed.control.get() == focused_) return focused_;
+    if (static_cast<HeadlessControlSite&>(*placed.site).Surface().FormFocus()) return &placed;
   }
-  return nullptr;  // the focused control is gone
+  return nullptr;
+}
+
+ZKControl* HeadlessForm::FocusedControl() {
+  Placed* placed = FocusedPlaced();
+  return placed ? placed->control.get() : nullptr;
 }
 
 void HeadlessForm::DeliverMouse(std::u16string_view name, MouseAction action, int16_t button,
@@ -67,17 +74,13 @@ void HeadlessForm::DeliverMouse(std::u16string_view name, MouseAction action, in
 }
 
 bool HeadlessForm::SetFocusTo(Placed* placed, HeadlessSurface* inner, bool here) {
-  ZKControl* next = placed ? placed->control.get() : nullptr;
-  if (next == focused_ && next != nullptr) return inner == nullptr || inner->MoveFocusHere(here);
-  if (next == focused_) return true;
+  Placed* current = FocusedPlaced();
+  if (placed == current) return placed == nullptr || inner == nullptr || inner->MoveFocusHere(here);
   // The control that has the focus validates before it lets it go.
-  if (!MayLeave(FocusedControl())) return false;
-  if (ZKControl* previous = FocusedControl()) {
-    if (HeadlessControlSite* site = FindSite(previous->Name())) site->Surface().SetFormFocus(false);
-  }
+  if (!MayLeave(current ? current->control.get() : nullptr)) return false;
+  if (current) static_cast<HeadlessControlSite&>(*current->site).Surface().SetFormFocus(false);
   // Without the focus yet, the control only remembers where inside it the focus goes.
   if (inner != nullptr) inner->MoveFocusHere(here);
-  focused_ = next;
   if (placed) static_cast<HeadlessControlSite&>(*placed->site).Surface().SetFormFocus(true);
   return true;
 }

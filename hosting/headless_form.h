@@ -36,13 +36,13 @@ class HeadlessForm final : public Form {
   void SetTwipsPerPixel(double twips_per_pixel) override;
 
  private:
+  Placed* FocusedPlaced();
   // Moves the focus after the control that has it agreed; false when it kept the focus. The
   // focus inside the control goes to `inner` when given (see HeadlessSurface::MoveFocusHere).
   bool SetFocusTo(Placed* placed, HeadlessSurface* inner = nullptr, bool here = false);
 
   HeadlessPlatform& platform_;
   WindowHandle window_;
-  ZKControl* focused_ = nullptr;
   bool swallow_release_ = false;
 };
 
