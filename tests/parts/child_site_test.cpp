@@ -158,5 +158,28 @@ TYPED_TEST(ChildSiteTest, PartsAndElementsComeToTheFrontAmongTheirSiblings) {
   EXPECT_EQ(this->Events(), (std::vector<std::u16string>{u"Click"}));
 }
 
+TYPED_TEST(ChildSiteTest, ATextBoxIsAWindowAmongTheParts) {
+  ZKTestComposite& composite = *this->composite_;
+  // A text box of the control's own over its left part: made after the part, it lies above it.
+  std::unique_ptr<ITextBoxElement> box = this->host_.Site(u"C").Surface().CreateTextBox(false);
+  box->Move(0, 0, 600, 300);
+  int box_clicks = 0;
+  auto connection = box->Click().Connect([&] { ++box_clicks; });
+  this->Click(u"C", 300, 150);
+  EXPECT_EQ(box_clicks, 1);
+  composite.BringPartToFront(u"cmdLeft");
+  this->Events();
+  this->Click(u"C", 300, 150);
+  EXPECT_EQ(box_clicks, 1);
+  EXPECT_EQ(this->Events(),
+            (std::vector<std::u16string>{u"PartGotFocus(cmdLeft)", u"PartClick(cmdLeft)"}));
+  box->BringToFront();
+  this->Click(u"C", 300, 150);
+  EXPECT_EQ(box_clicks, 2);
+  // The press on the control's own text box took the focus back from the part.
+  EXPECT_EQ(this->Events(), (std::vector<std::u16string>{u"PartLostFocus(cmdLeft)"}));
+  EXPECT_EQ(composite.FocusedPart(), u"");
+}
+
 }  // namespace
 }  // namespace zk
