@@ -82,7 +82,8 @@ class ISurface {
   // its focus to the next control on Tab. A control that takes Tab is offered the key first, as
   // KeyDown(9, Shift) on its own surface (whichever part has the focus inside it); a handler
   // that uses the key (to move the focus to another part) sets the key code to 0, and the form
-  // then leaves its focus where it is.
+  // then leaves its focus where it is. Only the control that has the form's focus is asked: its
+  // parts are its own business, whatever their surfaces say.
   virtual bool TakesTab() const = 0;
   virtual void SetTakesTab(bool takes_tab) = 0;
 
@@ -99,6 +100,8 @@ class ISurface {
   virtual Signal<int16_t&, int16_t&>& KeyDown() = 0;
   virtual Signal<int16_t&>& KeyPress() = 0;
   virtual Signal<int16_t&, int16_t&>& KeyUp() = 0;
+  // Raised as the surface gains and loses the focus (see SetFocus): for a control, when the
+  // form's focus comes and goes; for a part, also as the focus moves inside its control.
   virtual Signal<>& GotFocus() = 0;
   virtual Signal<>& LostFocus() = 0;
   // An access key that the host delivers to the control: Enter (13) to the form's default
@@ -106,8 +109,9 @@ class ISurface {
   virtual Signal<int16_t>& AccessKeyPress() = 0;
   // The host shows or hides the control.
   virtual Signal<bool>& Shown() = 0;
-  // Raised by the host before the focus leaves the control; a handler that sets the flag keeps
-  // the focus where it is.
+  // Raised by the host before the focus leaves the control (and on a part's surface before the
+  // focus leaves the part for another part of its control); a handler that sets the flag keeps
+  // the focus where it is. The part that has the focus inside the control is asked first.
   virtual Signal<bool&>& Validate() = 0;
 };
 
