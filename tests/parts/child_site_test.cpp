@@ -2,6 +2,7 @@
 #include <string>
 #include <vector>
 
+#include "foundation/archive_utils.h"
 #include "foundation/zk_error.h"
 #include "framework/constituent.h"
 #include "parts_fixture.h"
@@ -51,6 +52,21 @@ TYPED_TEST(ChildSiteTest, APartsExtenderOffersOnlyWhatTheOwnerPlaces) {
   }
   EXPECT_EQ(extender.GetProperty(u"Name").ToText(), u"cmdLeft");
   EXPECT_EQ(ErrorOf([&] { extender.SetProperty(u"Width", Variant(-1)); }), 380);
+
+  // A part's archive string leaves what its extender withholds empty, and another part takes
+  // the place it carries.
+  ZKTestComposite& composite = *this->composite_;
+  const std::u16string archive = composite.LeftButton()->GetArchiveStr();
+  const std::vector<std::u16string> block = MArchiveUtils::ArchiveUnescapeExtender(
+      MArchiveUtils::ArchiveSplitElements(archive).at(0), nullptr);
+  ASSERT_EQ(block.size(), 12u);
+  for (size_t slot : {0u, 1u, 2u, 3u, 4u, 5u, 8u})
+    EXPECT_FALSE(block[slot].empty()) << slot;
+  for (size_t slot : {6u, 7u, 10u, 11u})
+    EXPECT_TRUE(block[slot].empty()) << slot;
+  EXPECT_TRUE(composite.RightButton()->ParseArchiveStr(archive));
+  EXPECT_EQ(composite.PartExtender(u"cmdRight")->GetProperty(u"Left").ToDouble(), 0.0);
+  EXPECT_EQ(composite.PartExtender(u"cmdRight")->GetProperty(u"Name").ToText(), u"cmdRight");
 }
 
 TYPED_TEST(ChildSiteTest, APartsWindowLiesInsideTheOwnersInnerArea) {
