@@ -111,7 +111,8 @@ class ISurface {
   virtual Signal<bool>& Shown() = 0;
   // Raised by the host before the focus leaves the control (and on a part's surface before the
   // focus leaves the part for another part of its control); a handler that sets the flag keeps
-  // the focus where it is. The part that has the focus inside the control is asked first.
+  // the focus where it is. The part that has the focus inside the control is asked as well,
+  // before the control's own handlers.
   virtual Signal<bool&>& Validate() = 0;
 };
 

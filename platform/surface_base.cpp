@@ -13,12 +13,19 @@ constexpr int kMaxFocusEvents = 64;
 }  // namespace
 
 SurfaceBase::SurfaceBase(SurfaceBase* owner) : owner_(owner) {
-  if (owner_ != nullptr) owner_->parts_.push_back(this);
-  // The part that has the focus inside this surface validates before this surface's own
-  // handlers run, and its refusal stands for the whole control.
-  validate_parts_ = validate_.Connect([this](bool& cancel) {
-    if (focus_part_ != nullptr && focus_part_->has_focus_) focus_part_->validate_.Emit(cancel);
-  });
+  if (owner_ == nullptr) return;
+  owner_->parts_.push_back(this);
+  // From its first part on, the owner asks the part that has the focus inside it when it is
+  // asked itself, and the part's refusal stands for the whole control. (A surface without
+  // parts spends no connection on it.)
+  if (!owner_->validates_parts_) {
+    owner_->validates_parts_ = true;
+    SurfaceBase* validating = owner_;
+    owner_->validate_parts_ = owner_->validate_.Connect([validating](bool& cancel) {
+      SurfaceBase* part = validating->focus_part_;
+      if (part != nullptr && part->has_focus_) part->validate_.Emit(cancel);
+    });
+  }
 }
 
 SurfaceBase::~SurfaceBase() {

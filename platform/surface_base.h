@@ -27,8 +27,10 @@ class SurfaceBase : public ISurface {
   void SetTakesTab(bool takes_tab) override { takes_tab_ = takes_tab; }
   Signal<>& GotFocus() override { return got_focus_; }
   Signal<>& LostFocus() override { return lost_focus_; }
-  // The control's own handlers come after those of the part that has the focus inside it, so
-  // that a part refusing to let the focus go keeps it for the whole control.
+  // The part that has the focus inside this surface is asked too, and a part refusing to let
+  // the focus go keeps it for the whole control. The part is asked before the handlers that
+  // were connected after the surface got its first part (a control's own handlers, as parts
+  // are made with their control).
   Signal<bool&>& Validate() override { return validate_; }
 
   // The surface that this part lies on; null for a control placed on a form.
@@ -86,6 +88,7 @@ class SurfaceBase : public ISurface {
   SurfaceBase* focus_part_ = nullptr;
   bool has_focus_ = false;
   bool takes_tab_ = false;
+  bool validates_parts_ = false;
   Signal<> got_focus_;
   Signal<> lost_focus_;
   Signal<bool&> validate_;
