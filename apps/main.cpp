@@ -1,8 +1,5 @@
 // zkcontrols: the program of ZKBaseGUIControls (gallery, script host, archive tools).
 #include <cstdio>
-#include <fstream>
-#include <iostream>
-#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,8 +11,7 @@
 #include "foundation/zk_error.h"
 #include "hosting/archive_explainer.h"
 #include "hosting/headless_form.h"
-#include "hosting/qt_form.h"
-#include "hosting/script_host.h"
+#include "hosting/script_command.h"
 
 namespace {
 
@@ -57,52 +53,7 @@ int Gallery(const std::vector<std::string_view>& args) {
 }
 
 int Script(const std::vector<std::string_view>& args) {
-  std::string_view file = "-";
-  std::string_view platform_name = "headless";
-  for (size_t i = 0; i < args.size(); ++i) {
-    if (args[i] == "--platform") {
-      if (i + 1 >= args.size() || (args[i + 1] != "headless" && args[i + 1] != "qt")) {
-        std::fprintf(stderr, "zkcontrols: --platform takes headless or qt\n");
-        return 2;
-      }
-      platform_name = args[++i];
-    } else {
-      file = args[i];
-    }
-  }
-  std::string script;
-  if (file == "-") {
-    std::stringstream input;
-    input << std::cin.rdbuf();
-    script = input.str();
-  } else {
-    std::ifstream input{std::string(file), std::ios::binary};
-    if (!input) {
-      std::fprintf(stderr, "zkcontrols: cannot read %s\n", std::string(file).c_str());
-      return 2;
-    }
-    std::stringstream contents;
-    contents << input.rdbuf();
-    script = contents.str();
-  }
-  int status = 0;
-  if (platform_name == "qt") {
-    zk::QtPlatform platform;
-    platform.Recorder().keep_property_changes = true;  // "notified" reads them
-    zk::PlatformScope scope(platform);
-    zk::QtForm form(platform);
-    form.Widget()->show();
-    zk::ScriptHost host(form, PrintLine);
-    status = host.Run(zk::Utf8ToUtf16(script));
-  } else {
-    zk::HeadlessPlatform platform;
-    zk::PlatformScope scope(platform);
-    zk::HeadlessForm form(platform);
-    zk::ScriptHost host(form, PrintLine);
-    status = host.Run(zk::Utf8ToUtf16(script));
-  }
-  std::fflush(stdout);
-  return status;
+  return zk::RunScriptCommand(args, "zkcontrols");
 }
 
 int ArchiveExplain(std::string_view kind, std::string_view archive) {

@@ -1,6 +1,7 @@
 #include "controls/control_kinds.h"
 
 #include <array>
+#include <deque>
 
 #include "controls/buttons/color_button.h"
 #include "controls/buttons/image_button.h"
@@ -27,6 +28,12 @@ const std::array kKinds = {
     ControlKind{u"ZKMultiLineTextEdit", &Create<ZKMultiLineTextEdit>, 1935, 975, false, true, true},
 };
 
+// Kinds added at run time; a deque keeps the addresses that forms hold.
+std::deque<ControlKind>& RegisteredKinds() {
+  static std::deque<ControlKind> kinds;
+  return kinds;
+}
+
 }  // namespace
 
 std::span<const ControlKind> ControlKinds() {
@@ -37,7 +44,16 @@ const ControlKind* FindControlKind(std::u16string_view name) {
   for (const ControlKind& kind : kKinds) {
     if (MemberNameEquals(kind.name, name)) return &kind;
   }
+  for (const ControlKind& kind : RegisteredKinds()) {
+    if (MemberNameEquals(kind.name, name)) return &kind;
+  }
   return nullptr;
+}
+
+bool RegisterControlKind(const ControlKind& kind) {
+  if (FindControlKind(kind.name) != nullptr || !kind.create) return false;
+  RegisteredKinds().push_back(kind);
+  return true;
 }
 
 }  // namespace zk

@@ -25,7 +25,12 @@ struct ControlKind {
 
 // Every kind of control the library has, in the order the gallery shows them.
 std::span<const ControlKind> ControlKinds();
-// The kind of that name (compared without regard to case), or null.
+// The kind of that name (compared without regard to case), or null. Registered kinds are
+// found too.
 const ControlKind* FindControlKind(std::u16string_view name);
+// Adds a kind that forms place like the library's own but that ControlKinds() does not list,
+// so that no gallery or listing shows it (kinds that only tests build). The name must outlive
+// the program (a literal). False, and nothing added, when a kind of that name exists.
+bool RegisterControlKind(const ControlKind& kind);
 
 }  // namespace zk

@@ -43,7 +43,8 @@ class ZKControl : public DispatchObject {
   // The surface's enabled state; a write also reaches the inner elements that take input.
   virtual bool Enabled() const;
   virtual void SetEnabled(bool New_Enabled);
-  int32_t hWnd() const;
+  // The control's window; a control built of parts may report the window of one of them.
+  virtual int32_t hWnd() const;
   virtual void Refresh();
   void PopupMenu(const Variant& Menu = {}, const Variant& Flags = {}, const Variant& X = {},
                  const Variant& Y = {}, const Variant& DefaultMenu = {});

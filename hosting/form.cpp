@@ -370,6 +370,20 @@ bool Form::DeliverAccessKey(const KeyStroke& stroke) {
   return false;
 }
 
+bool Form::OfferTab(const ZKControl* focused, int16_t shift) {
+  if (focused == nullptr) return false;
+  for (Placed& placed : placed_) {
+    if (placed.control.get() != focused) continue;
+    ISurface& surface = placed.site->Surface();
+    if (!surface.TakesTab()) return false;
+    int16_t key_code = 9;
+    int16_t modifiers = shift;
+    surface.KeyDown().Emit(key_code, modifiers);
+    return key_code == 0;
+  }
+  return false;
+}
+
 Form::Placed* Form::NextInTabOrder(const ZKControl* current, bool backwards) {
   std::vector<Placed*> order = TabOrder();
   if (order.empty()) return nullptr;

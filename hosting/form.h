@@ -112,6 +112,10 @@ class Form {
   // Enter goes to the form's default control and Escape to its cancel control, as access keys;
   // true when such a control took the key.
   bool DeliverAccessKey(const KeyStroke& stroke);
+  // Tab (with `shift` 1 for Shift+Tab) is offered to the focused control when it takes Tab, as
+  // KeyDown(9, Shift) on its own surface; true when a handler used it (set the code to 0), so
+  // that the form's focus stays.
+  bool OfferTab(const ZKControl* focused, int16_t shift);
   // The next control in tab order after `current` (or before it), wrapping around.
   Placed* NextInTabOrder(const ZKControl* current, bool backwards);
   Placed* FindPlaced(std::u16string_view name);

@@ -38,11 +38,18 @@ HeadlessControlSite* HeadlessForm::FindSite(std::u16string_view name) {
   return placed ? static_cast<HeadlessControlSite*>(placed->site.get()) : nullptr;
 }
 
-ZKControl* HeadlessForm::FocusedControl() {
+HeadlessForm::Placed* HeadlessForm::FocusedPlaced() {
+  // The control whose surface has the form's focus: a control placed anew never has it, even
+  // where a removed one that had it lived before.
   for (Placed& placed : PlacedControls()) {
-    if (placed.control.get() == focused_) return focused_;
+    if (static_cast<HeadlessControlSite&>(*placed.site).Surface().FormFocus()) return &placed;
   }
-  return nullptr;  // the focused control is gone
+  return nullptr;
+}
+
+ZKControl* HeadlessForm::FocusedControl() {
+  Placed* placed = FocusedPlaced();
+  return placed ? placed->control.get() : nullptr;
 }
 
 void HeadlessForm::DeliverMouse(std::u16string_view name, MouseAction action, int16_t button,
@@ -51,9 +58,13 @@ void HeadlessForm::DeliverMouse(std::u16string_view name, MouseAction action, in
   if (site == nullptr) throw ZKError(error_number::kInvalidProcedureCall, u"No such control");
   if (action == MouseAction::kDown || action == MouseAction::kDoubleDown) {
     Placed* placed = FindPlaced(name);
-    // A control that refuses to let the focus go keeps the press, and its release, from
-    // reaching the other one.
-    if (placed && CanFocus(*placed) && !SetFocusTo(placed)) {
+    // The press gives the focus to the part under it (or the control's own text box there);
+    // on the control's windowless area the focus inside the control stays where it was.
+    bool here = false;
+    HeadlessSurface* inner = site->Surface().PressFocusTarget(x, y, here);
+    // A control (or part) that refuses to let the focus go keeps the press, and its release,
+    // from reaching the other one.
+    if (placed && CanFocus(*placed) && !SetFocusTo(placed, inner, here)) {
       swallow_release_ = true;
       return;
     }
@@ -62,16 +73,15 @@ void HeadlessForm::DeliverMouse(std::u16string_view name, MouseAction action, in
   site->Surface().Deliver(action, button, shift, x, y);
 }
 
-bool HeadlessForm::SetFocusTo(Placed* placed) {
-  ZKControl* next = placed ? placed->control.get() : nullptr;
-  if (next == focused_) return true;
+bool HeadlessForm::SetFocusTo(Placed* placed, HeadlessSurface* inner, bool here) {
+  Placed* current = FocusedPlaced();
+  if (placed == current) return placed == nullptr || inner == nullptr || inner->MoveFocusHere(here);
   // The control that has the focus validates before it lets it go.
-  if (!MayLeave(FocusedControl())) return false;
-  if (ZKControl* previous = FocusedControl()) {
-    if (HeadlessControlSite* site = FindSite(previous->Name())) site->Surface().LostFocus().Emit();
-  }
-  focused_ = next;
-  if (placed) static_cast<HeadlessControlSite&>(*placed->site).Surface().GotFocus().Emit();
+  if (!MayLeave(current ? current->control.get() : nullptr)) return false;
+  if (current) static_cast<HeadlessControlSite&>(*current->site).Surface().SetFormFocus(false);
+  // Without the focus yet, the control only remembers where inside it the focus goes.
+  if (inner != nullptr) inner->MoveFocusHere(here);
+  if (placed) static_cast<HeadlessControlSite&>(*placed->site).Surface().SetFormFocus(true);
   return true;
 }
 
@@ -86,6 +96,7 @@ bool HeadlessForm::Focus(std::u16string_view name) {
 void HeadlessForm::TypeKeys(std::u16string_view keys) {
   for (KeyStroke stroke : ParseSendKeys(keys)) {
     if (stroke.key_code == 9 && (stroke.shift & 6) == 0) {
+      if (OfferTab(FocusedControl(), stroke.shift)) continue;
       // The form moves the focus on Tab.
       if (Placed* next = NextInTabOrder(FocusedControl(), (stroke.shift & 1) != 0))
         SetFocusTo(next);

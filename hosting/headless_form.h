@@ -36,12 +36,13 @@ class HeadlessForm final : public Form {
   void SetTwipsPerPixel(double twips_per_pixel) override;
 
  private:
-  // Moves the focus after the control that has it agreed; false when it kept the focus.
-  bool SetFocusTo(Placed* placed);
+  Placed* FocusedPlaced();
+  // Moves the focus after the control that has it agreed; false when it kept the focus. The
+  // focus inside the control goes to `inner` when given (see HeadlessSurface::MoveFocusHere).
+  bool SetFocusTo(Placed* placed, HeadlessSurface* inner = nullptr, bool here = false);
 
   HeadlessPlatform& platform_;
   WindowHandle window_;
-  ZKControl* focused_ = nullptr;
   bool swallow_release_ = false;
 };
 

@@ -98,6 +98,7 @@ class QtForm::InputGuard final : public QObject {
           (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier))) {
         return false;
       }
+      if (form_.OfferTab(form_.FocusedControl(), backwards ? 1 : 0)) return true;
       if (Placed* next = form_.NextInTabOrder(form_.FocusedControl(), backwards)) {
         form_.MoveFocusTo(*next, Qt::TabFocusReason);
       }
@@ -150,8 +151,10 @@ QtForm::Placed* QtForm::PlacedOf(const QWidget* widget) {
   return nullptr;
 }
 
-bool QtForm::MoveFocusTo(Placed& placed, Qt::FocusReason reason) {
+bool QtForm::MoveFocusTo(Placed& placed, Qt::FocusReason reason, QtSurface* inner, bool here) {
   if (placed.control.get() != FocusedControl() && !MayLeave(FocusedControl())) return false;
+  // Without the focus yet, the control only remembers where inside it the focus goes.
+  if (inner != nullptr) inner->MoveFocusHere(here);
   QWidget* widget = static_cast<QtControlSite&>(*placed.site).Surface().Widget();
   if (widget_ && !widget_->isVisible()) widget_->show();
   if (widget_) widget_->activateWindow();
@@ -213,11 +216,20 @@ void QtForm::DeliverMouse(std::u16string_view name, MouseAction action, int16_t 
   }
   if (action == MouseAction::kDown || action == MouseAction::kDoubleDown) {
     Placed* placed = FindPlaced(name);
-    // A control that refuses to let the focus go keeps the press from reaching the other one.
-    if (placed != nullptr && placed->control.get() != FocusedControl() && CanFocus(*placed) &&
-        !MoveFocusTo(*placed, Qt::MouseFocusReason)) {
-      swallow_release_ = true;
-      return;
+    // The press gives the focus to the part under it (or the control's own text box there);
+    // on the control's own area the focus inside the control stays where it was.
+    bool here = false;
+    QtSurface* inner = surface.PressFocusTarget(target, here);
+    // A control (or part) that refuses to let the focus go keeps the press from reaching the
+    // other one.
+    if (placed != nullptr && CanFocus(*placed)) {
+      const bool moved = placed->control.get() != FocusedControl()
+                             ? MoveFocusTo(*placed, Qt::MouseFocusReason, inner, here)
+                             : inner == nullptr || inner->MoveFocusHere(here);
+      if (!moved) {
+        swallow_release_ = true;
+        return;
+      }
     }
   }
   if (action == MouseAction::kUp && std::exchange(swallow_release_, false)) return;
@@ -262,6 +274,7 @@ bool QtForm::Focus(std::u16string_view name) {
 void QtForm::TypeKeys(std::u16string_view keys) {
   for (const KeyStroke& stroke : ParseSendKeys(keys)) {
     if (stroke.key_code == 9 && (stroke.shift & 6) == 0) {
+      if (OfferTab(FocusedControl(), stroke.shift)) continue;
       if (Placed* next = NextInTabOrder(FocusedControl(), (stroke.shift & 1) != 0)) {
         MoveFocusTo(*next, Qt::TabFocusReason);
       }

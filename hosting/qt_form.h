@@ -39,8 +39,10 @@ class QtForm final : public Form {
   class InputGuard;
   // The placed control whose widget is `widget` or holds it, or null.
   Placed* PlacedOf(const QWidget* widget);
-  // Gives the focus to the control after the one that has it agreed.
-  bool MoveFocusTo(Placed& placed, Qt::FocusReason reason);
+  // Gives the focus to the control after the one that has it agreed. The focus inside the
+  // control goes to `inner` when given (see QtSurface::MoveFocusHere).
+  bool MoveFocusTo(Placed& placed, Qt::FocusReason reason, QtSurface* inner = nullptr,
+                   bool here = false);
 
   QtPlatform& platform_;
   QPointer<QWidget> widget_;

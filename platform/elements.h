@@ -44,6 +44,10 @@ class IElement {
   virtual void SetToolTipText(std::u16string_view text) = 0;
   // Repaints the element now.
   virtual void Refresh() = 0;
+  // Puts the element above its siblings: a windowless element above the other windowless
+  // elements of its surface, an element with a window (a text box) above the other windows
+  // on the surface (parts included). Windowless elements always lie below every window.
+  virtual void BringToFront() = 0;
   // Whether the element gets mouse input; elements that only draw (shapes, lines) let it
   // through to what lies below.
   virtual bool TakesMouse() const { return true; }

@@ -35,6 +35,12 @@ void FormExtender::BindEnabled(std::function<bool()> get, std::function<void(boo
   set_enabled_ = std::move(set);
 }
 
+void FormExtender::WithholdFormPlacement() {
+  offers_default_and_cancel_ = false;
+  offers_tab_stop_ = false;
+  offers_tab_index_ = false;
+}
+
 void FormExtender::RequireOffered(bool offered) const {
   if (!offered) throw ZKError::MemberNotFound();
 }
@@ -49,7 +55,10 @@ Variant FormExtender::GetProperty(std::u16string_view name, std::span<const Vari
     if (MemberNameEquals(name, u"Visible")) return Variant(visible_);
     if (MemberNameEquals(name, u"Enabled")) return Variant(Enabled());
     if (MemberNameEquals(name, u"ToolTipText")) return Variant(tool_tip_text_);
-    if (MemberNameEquals(name, u"TabIndex")) return Variant(int32_t{tab_index_});
+    if (MemberNameEquals(name, u"TabIndex")) {
+      RequireOffered(offers_tab_index_);
+      return Variant(int32_t{tab_index_});
+    }
     if (MemberNameEquals(name, u"Default")) {
       RequireOffered(offers_default_and_cancel_);
       return Variant(default_);
@@ -92,6 +101,7 @@ void FormExtender::SetProperty(std::u16string_view name, const Variant& value,
   } else if (MemberNameEquals(name, u"ToolTipText")) {
     tool_tip_text_ = value.ToText();
   } else if (MemberNameEquals(name, u"TabIndex")) {
+    RequireOffered(offers_tab_index_);
     tab_index_ = static_cast<int16_t>(NonNegative(value.ToInt16()));
   } else if (MemberNameEquals(name, u"Default")) {
     RequireOffered(offers_default_and_cancel_);

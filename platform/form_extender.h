@@ -12,7 +12,8 @@ namespace zk {
 // (read-only by name), Top, Left, Width, Height (twips), Visible, Default, Cancel, Enabled,
 // ToolTipText, TabIndex, TabStop. A form may withhold Default and Cancel (only some controls get
 // them) and TabStop (controls that cannot take the focus); reading or writing a withheld
-// property raises error 438, as on a real form.
+// property raises error 438, as on a real form. The extender of a part, private to the control
+// that the part belongs to, withholds all four and TabIndex (WithholdFormPlacement).
 class FormExtender final : public DispatchObject {
  public:
   explicit FormExtender(std::u16string name);
@@ -34,6 +35,8 @@ class FormExtender final : public DispatchObject {
 
   void OfferDefaultAndCancel(bool offered) { offers_default_and_cancel_ = offered; }
   void OfferTabStop(bool offered) { offers_tab_stop_ = offered; }
+  // Withholds what only a form gives its controls: Default, Cancel, TabIndex and TabStop.
+  void WithholdFormPlacement();
 
   // Enabled belongs to the control when it has that property: the form then reads and writes
   // it through these functions instead of keeping its own flag.
@@ -63,6 +66,7 @@ class FormExtender final : public DispatchObject {
   bool tab_stop_ = true;
   bool offers_default_and_cancel_ = true;
   bool offers_tab_stop_ = true;
+  bool offers_tab_index_ = true;
   std::function<bool()> get_enabled_;
   std::function<void(bool)> set_enabled_;
   Signal<std::u16string_view> property_written_;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string_view>
 
 #include "foundation/dispatch_object.h"
@@ -49,6 +50,15 @@ class IControlSite {
   virtual ISurface& Surface() = 0;
   // Tells the host that a property changed, so that it marks the form as changed.
   virtual void PropertyChanged(std::u16string_view property) = 0;
+
+  // A site for a part: another control of the library that this control is built from. The
+  // part's window is a child of this control's surface and lies above its windowless elements;
+  // its extender is private to this control and offers Name (read-only), Left, Top, Width,
+  // Height (twips of this control's inner area), Visible, Enabled and ToolTipText, any other
+  // name raising error 438; it shares this control's ambient properties and their change
+  // notification; its property-changed notifications go nowhere. The part must be destroyed
+  // before its site, and the site before this control's own site.
+  virtual std::unique_ptr<IControlSite> CreateChildSite(std::u16string_view name) = 0;
 };
 
 }  // namespace zk

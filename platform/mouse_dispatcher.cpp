@@ -17,6 +17,31 @@ void MouseDispatcher::Remove(IElement* element) {
   if (pressed_element_ == element) pressed_element_ = nullptr;
 }
 
+void MouseDispatcher::RemoveWindow(IMouseWindow* window) {
+  std::erase(windows_, window);
+  if (pressed_window_ == window) {
+    pressed_window_ = nullptr;
+    pressed_ = false;
+  }
+}
+
+IMouseWindow* MouseDispatcher::WindowAt(double x, double y) const {
+  for (auto it = windows_.rbegin(); it != windows_.rend(); ++it) {
+    if ((*it)->TakesMouseAt(x, y)) return *it;
+  }
+  return nullptr;
+}
+
+void MouseDispatcher::BringToFront(IElement* element) {
+  auto found = std::find(elements_.begin(), elements_.end(), element);
+  if (found != elements_.end()) std::rotate(found, found + 1, elements_.end());
+}
+
+void MouseDispatcher::BringToFront(IMouseWindow* window) {
+  auto found = std::find(windows_.begin(), windows_.end(), window);
+  if (found != windows_.end()) std::rotate(found, found + 1, windows_.end());
+}
+
 IElement* MouseDispatcher::TopmostAt(double x, double y) const {
   for (auto it = elements_.rbegin(); it != elements_.rend(); ++it) {
     if ((*it)->Visible() && (*it)->Enabled() && (*it)->TakesMouse() && Inside(**it, x, y)) {
@@ -27,6 +52,22 @@ IElement* MouseDispatcher::TopmostAt(double x, double y) const {
 }
 
 void MouseDispatcher::Deliver(MouseAction action, int16_t button, int16_t shift, float x, float y) {
+  // A window makes its own clicks: it gets the actions as they are, and keeps the mouse from
+  // its press to the release.
+  IMouseWindow* window = pressed_window_ != nullptr ? pressed_window_
+                         : pressed_                 ? nullptr
+                                                    : WindowAt(x, y);
+  if (window != nullptr) {
+    if (action == MouseAction::kDown || action == MouseAction::kDoubleDown) {
+      pressed_ = true;
+      pressed_window_ = window;
+    } else if (action == MouseAction::kUp) {
+      pressed_ = false;
+      pressed_window_ = nullptr;
+    }
+    window->DeliverMouse(action, button, shift, x, y);
+    return;
+  }
   IElement* element = pressed_ ? pressed_element_ : TopmostAt(x, y);
   const float element_x = element ? x - static_cast<float>(element->Left()) : x;
   const float element_y = element ? y - static_cast<float>(element->Top()) : y;

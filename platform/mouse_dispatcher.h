@@ -8,11 +8,26 @@
 
 namespace zk {
 
-// Routes the mouse input of a control's surface to its windowless elements (labels, shapes,
-// images), as a container does for the elements it paints: the topmost visible and enabled
-// element under the point gets the event in its own coordinates, the surface the rest. While a
-// button is held, the element it was pressed on keeps the mouse; a release over that element
-// clicks it, and the second press of a double click raises DblClick instead of MouseDown.
+// A child with a window of its own on a surface (a text box, the surface of a part): it lies
+// above every windowless element, gets the mouse actions over it in its own right and makes
+// its own clicks.
+class IMouseWindow {
+ public:
+  virtual ~IMouseWindow() = default;
+  // Whether the window takes the mouse at (x, y), twips in its parent's inner coordinates:
+  // shown, enabled and over the point.
+  virtual bool TakesMouseAt(double x, double y) const = 0;
+  // One action at (x, y), twips in the parent's inner coordinates.
+  virtual void DeliverMouse(MouseAction action, int16_t button, int16_t shift, float x,
+                            float y) = 0;
+};
+
+// Routes the mouse input of a control's surface to its children, as a container does: the
+// topmost window under the point (a text box or a part) gets the action as it is, else the
+// topmost visible and enabled windowless element (labels, shapes, images) gets the event in its
+// own coordinates, and the surface the rest. While a button is held, the window or element it
+// was pressed on keeps the mouse; a release over that element clicks it, and the second press
+// of a double click raises DblClick instead of MouseDown.
 class MouseDispatcher {
  public:
   struct SurfaceEvents {
@@ -28,11 +43,19 @@ class MouseDispatcher {
   MouseDispatcher(SurfaceEvents surface, std::function<std::pair<double, double>()> surface_size)
       : surface_(surface), surface_size_(std::move(surface_size)) {}
 
-  // Elements in creation order: the one added last is on top.
+  // Windowless elements in creation order: the one added last is on top.
   void Add(IElement* element) { elements_.push_back(element); }
   void Remove(IElement* element);
   const std::vector<IElement*>& Elements() const { return elements_; }
   IElement* TopmostAt(double x, double y) const;
+  // Windows, likewise: the one added last is on top.
+  void AddWindow(IMouseWindow* window) { windows_.push_back(window); }
+  void RemoveWindow(IMouseWindow* window);
+  const std::vector<IMouseWindow*>& Windows() const { return windows_; }
+  IMouseWindow* WindowAt(double x, double y) const;
+  // Puts an element above the other elements, or a window above the other windows.
+  void BringToFront(IElement* element);
+  void BringToFront(IMouseWindow* window);
 
   // One action at (x, y) twips in the surface's inner coordinates.
   void Deliver(MouseAction action, int16_t button, int16_t shift, float x, float y);
@@ -41,7 +64,9 @@ class MouseDispatcher {
   SurfaceEvents surface_;
   std::function<std::pair<double, double>()> surface_size_;
   std::vector<IElement*> elements_;
+  std::vector<IMouseWindow*> windows_;
   IElement* pressed_element_ = nullptr;
+  IMouseWindow* pressed_window_ = nullptr;
   bool pressed_ = false;
   bool click_pending_ = false;
 };

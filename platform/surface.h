@@ -45,6 +45,9 @@ class ISurface {
   virtual void SetMousePointer(int16_t shape) = 0;
 
   virtual void Refresh() = 0;
+  // Puts the window above its siblings: a part above the other parts of its control, a
+  // control above the other controls of its form.
+  virtual void BringToFront() = 0;
   // Shows a pop-up menu; the arguments are passed on unchanged.
   virtual void PopupMenu(const Variant& menu, const Variant& flags, const Variant& x,
                          const Variant& y, const Variant& default_menu) = 0;
@@ -61,6 +64,29 @@ class ISurface {
   // A text box; while it exists, the control's keys go to it instead of to the surface.
   virtual std::unique_ptr<ITextBoxElement> CreateTextBox(bool multi_line) = 0;
 
+  // The focus inside a control. The form gives its focus to a control as a whole; inside it,
+  // the focus belongs to the control's own surface or to one of its parts (and so on, for parts
+  // made of parts), and the keys go there. SetFocus on a part's surface moves the focus inside
+  // the control to that part (on the control's own surface, back to the control's own window):
+  // the surfaces that lose it validate first (Validate on the outermost one that loses it,
+  // which asks its parts that lose it before its own handlers), then they raise LostFocus,
+  // innermost first, and the ones that gain it GotFocus, outermost first. While the control
+  // does not have the form's focus nothing is raised: the surface is remembered as the one that
+  // gets the focus when the control next gets it. False, and nothing changes, when the surface
+  // (or the part it lies in) is hidden or disabled, or when a surface refused to let the focus
+  // go.
+  virtual bool SetFocus() = 0;
+  // True while the focus is on this surface or inside one of its parts.
+  virtual bool HasFocus() const = 0;
+  // Whether the control takes part in the Tab key. By default it does not, and the form moves
+  // its focus to the next control on Tab. A control that takes Tab is offered the key first, as
+  // KeyDown(9, Shift) on its own surface (whichever part has the focus inside it); a handler
+  // that uses the key (to move the focus to another part) sets the key code to 0, and the form
+  // then leaves its focus where it is. Only the control that has the form's focus is asked: its
+  // parts are its own business, whatever their surfaces say.
+  virtual bool TakesTab() const = 0;
+  virtual void SetTakesTab(bool takes_tab) = 0;
+
   // Raised after the size changed (by the host or by SetSize).
   virtual Signal<>& Resized() = 0;
   virtual Signal<>& Click() = 0;
@@ -74,6 +100,8 @@ class ISurface {
   virtual Signal<int16_t&, int16_t&>& KeyDown() = 0;
   virtual Signal<int16_t&>& KeyPress() = 0;
   virtual Signal<int16_t&, int16_t&>& KeyUp() = 0;
+  // Raised as the surface gains and loses the focus (see SetFocus): for a control, when the
+  // form's focus comes and goes; for a part, also as the focus moves inside its control.
   virtual Signal<>& GotFocus() = 0;
   virtual Signal<>& LostFocus() = 0;
   // An access key that the host delivers to the control: Enter (13) to the form's default
@@ -81,8 +109,10 @@ class ISurface {
   virtual Signal<int16_t>& AccessKeyPress() = 0;
   // The host shows or hides the control.
   virtual Signal<bool>& Shown() = 0;
-  // Raised by the host before the focus leaves the control; a handler that sets the flag keeps
-  // the focus where it is.
+  // Raised by the host before the focus leaves the control (and on a part's surface before the
+  // focus leaves the part for another part of its control); a handler that sets the flag keeps
+  // the focus where it is. The part that has the focus inside the control is asked as well,
+  // before the control's own handlers.
   virtual Signal<bool&>& Validate() = 0;
 };
 

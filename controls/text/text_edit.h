@@ -82,7 +82,7 @@ class ZKTextEdit : public ZKControl {
   void SetSelText(std::u16string New_SelText);
   bool HideSelection() const;
   // The text box's own window, which is where keys and edit messages go.
-  int32_t hWnd() const;
+  int32_t hWnd() const override;
 
   // The current text fits the typed settings.
   bool IsTextValid() const;

@@ -15,7 +15,7 @@ namespace zk {
 
 namespace {
 
-// An element that keeps itself in its surface's list while it lives.
+// A windowless element that keeps itself in its surface's list while it lives.
 template <typename Element>
 class Registered final : public Element {
  public:
@@ -28,6 +28,10 @@ class Registered final : public Element {
     if (auto list_alive = list_.lock()) list_alive->Remove(this);
   }
 
+  void BringToFront() override {
+    if (auto list_alive = list_.lock()) list_alive->BringToFront(this);
+  }
+
  private:
   std::weak_ptr<MouseDispatcher> list_;
 };
@@ -36,38 +40,106 @@ int32_t ToPixels(double twips, double twips_per_pixel) {
   return static_cast<int32_t>(std::lround(twips / twips_per_pixel));
 }
 
+// A text box that tells its surface when it goes, so that keys stop going to it. It has a
+// window of its own: it lies among the surface's windows and makes its own clicks.
+class KeyTakingTextBox final : public HeadlessTextBox, public IMouseWindow {
+ public:
+  KeyTakingTextBox(std::shared_ptr<HeadlessTextBox*> target, std::weak_ptr<MouseDispatcher> list,
+                   HeadlessPlatform& platform, WindowHandle parent, bool multi_line)
+      : HeadlessTextBox(platform, parent, multi_line),
+        target_(std::move(target)),
+        list_(std::move(list)),
+        platform_(platform),
+        own_clicks_({&Click(), &DblClick(), &MouseDown(), &MouseMove(), &MouseUp()},
+                    [this] { return std::pair<double, double>(Width(), Height()); }) {
+    *target_ = this;
+    if (auto list_alive = list_.lock()) list_alive->AddWindow(this);
+  }
+  ~KeyTakingTextBox() override {
+    if (auto list_alive = list_.lock()) list_alive->RemoveWindow(this);
+    if (*target_ == this) *target_ = nullptr;
+  }
+
+  void BringToFront() override {
+    if (auto list_alive = list_.lock()) list_alive->BringToFront(static_cast<IMouseWindow*>(this));
+    platform_.Windows().BringToTop(hWnd());
+  }
+
+  bool TakesMouseAt(double x, double y) const override {
+    return Visible() && Enabled() && Contains(x, y);
+  }
+  void DeliverMouse(MouseAction action, int16_t button, int16_t shift, float x, float y) override {
+    own_clicks_.Deliver(action, button, shift, x - static_cast<float>(Left()),
+                        y - static_cast<float>(Top()));
+  }
+
+ private:
+  std::shared_ptr<HeadlessTextBox*> target_;
+  std::weak_ptr<MouseDispatcher> list_;
+  HeadlessPlatform& platform_;
+  // The box's own events, raised as a surface raises its own.
+  MouseDispatcher own_clicks_;
+};
+
 }  // namespace
 
 HeadlessSurface::HeadlessSurface(HeadlessPlatform& platform, FormExtender& extender,
                                  WindowHandle parent_window)
-    : platform_(platform),
+    : HeadlessSurface(platform, extender, nullptr, parent_window) {}
+
+HeadlessSurface::HeadlessSurface(HeadlessPlatform& platform, FormExtender& extender,
+                                 HeadlessSurface& owner)
+    : HeadlessSurface(platform, extender, &owner, owner.window_) {
+  owner.elements_->AddWindow(this);
+}
+
+HeadlessSurface::HeadlessSurface(HeadlessPlatform& platform, FormExtender& extender,
+                                 HeadlessSurface* owner, WindowHandle parent_window)
+    : SurfaceBase(owner),
+      platform_(platform),
       extender_(extender),
       back_color_(0x8000000F),
       elements_(std::make_shared<MouseDispatcher>(
           MouseDispatcher::SurfaceEvents{&click_, &dbl_click_, &mouse_down_, &mouse_move_,
                                          &mouse_up_},
           [this] { return std::pair<double, double>(ScaleWidth(), ScaleHeight()); })) {
-  const double tpp_x = platform_.Screen().TwipsPerPixelX();
-  const double tpp_y = platform_.Screen().TwipsPerPixelY();
-  window_ = platform_.Windows().CreateWindow(
-      parent_window, u"ZKControl",
-      {ToPixels(extender_.Left(), tpp_x), ToPixels(extender_.Top(), tpp_y),
-       ToPixels(extender_.Left() + extender_.Width(), tpp_x),
-       ToPixels(extender_.Top() + extender_.Height(), tpp_y)},
-      0x50000000);
+  window_ =
+      platform_.Windows().CreateWindow(parent_window, u"ZKControl", WindowBounds(), 0x50000000);
   last_width_ = extender_.Width();
   last_height_ = extender_.Height();
   extender_connection_ = extender_.PropertyWritten().Connect(
       [this](std::u16string_view property) { FollowExtender(property); });
 }
 
+HeadlessSurface* HeadlessSurface::OwnerSurface() const {
+  return static_cast<HeadlessSurface*>(Owner());
+}
+
 HeadlessSurface::~HeadlessSurface() {
+  if (HeadlessSurface* owner = OwnerSurface()) owner->elements_->RemoveWindow(this);
+  DetachFromOwner();
   platform_.Windows().DestroyWindow(window_);
 }
 
 double HeadlessSurface::BorderTwips(double twips_per_pixel) const {
   if (border_style_ == 0) return 0;
   return (appearance_ == 1 ? 2 : 1) * twips_per_pixel;
+}
+
+int32_t HeadlessSurface::BorderPixels() const {
+  if (border_style_ == 0) return 0;
+  return appearance_ == 1 ? 2 : 1;
+}
+
+PixelRect HeadlessSurface::WindowBounds() const {
+  const double tpp_x = platform_.Screen().TwipsPerPixelX();
+  const double tpp_y = platform_.Screen().TwipsPerPixelY();
+  // A part lies in its owner's inner area, inside the owner's border.
+  const HeadlessSurface* owner = OwnerSurface();
+  const int32_t origin = owner != nullptr ? owner->BorderPixels() : 0;
+  return {origin + ToPixels(extender_.Left(), tpp_x), origin + ToPixels(extender_.Top(), tpp_y),
+          origin + ToPixels(extender_.Left() + extender_.Width(), tpp_x),
+          origin + ToPixels(extender_.Top() + extender_.Height(), tpp_y)};
 }
 
 double HeadlessSurface::ScaleWidth() const {
@@ -84,11 +156,32 @@ void HeadlessSurface::SetSize(double width, double height) {
 
 void HeadlessSurface::SetBorderStyle(int16_t style) {
   border_style_ = style;
+  PlacePartWindows();
 }
 
 void HeadlessSurface::SetAppearance(int16_t appearance) {
   appearance_ = appearance;
   back_color_ = appearance == 1 ? 0x8000000F : 0x80000005;
+  PlacePartWindows();
+}
+
+void HeadlessSurface::SetEnabled(bool enabled) {
+  if (!enabled) FocusabilityLost();
+  enabled_ = enabled;
+}
+
+void HeadlessSurface::PlacePartWindows() {
+  for (SurfaceBase* part : Parts()) {
+    auto* surface = static_cast<HeadlessSurface*>(part);
+    platform_.Windows().MoveWindow(surface->window_, surface->WindowBounds());
+  }
+}
+
+void HeadlessSurface::BringToFront() {
+  platform_.Windows().BringToTop(window_);
+  if (HeadlessSurface* owner = OwnerSurface()) {
+    owner->elements_->BringToFront(static_cast<IMouseWindow*>(this));
+  }
 }
 
 void HeadlessSurface::PopupMenu(const Variant&, const Variant&, const Variant&, const Variant&,
@@ -114,32 +207,13 @@ std::unique_ptr<IImageElement> HeadlessSurface::CreateImage() {
   return std::make_unique<Registered<HeadlessImage>>(elements_, platform_.Screen());
 }
 
-namespace {
-
-// A text box that tells its surface when it goes, so that keys stop going to it.
-class KeyTakingTextBox : public HeadlessTextBox {
- public:
-  KeyTakingTextBox(std::shared_ptr<HeadlessTextBox*> target, HeadlessPlatform& platform,
-                   WindowHandle parent, bool multi_line)
-      : HeadlessTextBox(platform, parent, multi_line), target_(std::move(target)) {
-    *target_ = this;
-  }
-  ~KeyTakingTextBox() override {
-    if (*target_ == this) *target_ = nullptr;
-  }
-
- private:
-  std::shared_ptr<HeadlessTextBox*> target_;
-};
-
-}  // namespace
-
 std::unique_ptr<ITextBoxElement> HeadlessSurface::CreateTextBox(bool multi_line) {
-  return std::make_unique<Registered<KeyTakingTextBox>>(elements_, key_target_, platform_, window_,
-                                                        multi_line);
+  return std::make_unique<KeyTakingTextBox>(key_target_, elements_, platform_, window_, multi_line);
 }
 
 void HeadlessSurface::DeliverKey(int16_t key_code, int16_t shift, int16_t character) {
+  auto& leaf = static_cast<HeadlessSurface&>(FocusLeaf());
+  if (&leaf != this) return leaf.DeliverKey(key_code, shift, character);
   if (HeadlessTextBox* box = *key_target_) return box->DeliverKey(key_code, shift, character);
   int16_t code = key_code;
   int16_t modifiers = shift;
@@ -154,16 +228,16 @@ void HeadlessSurface::DeliverKey(int16_t key_code, int16_t shift, int16_t charac
 }
 
 void HeadlessSurface::FollowExtender(std::u16string_view property) {
+  if (property == u"Visible") {
+    if (!extender_.Visible()) FocusabilityLost();
+    shown_.Emit(extender_.Visible());
+    return;
+  }
   if (property != u"Move" && property != u"Top" && property != u"Left" && property != u"Width" &&
       property != u"Height") {
     return;
   }
-  const double tpp_x = platform_.Screen().TwipsPerPixelX();
-  const double tpp_y = platform_.Screen().TwipsPerPixelY();
-  platform_.Windows().MoveWindow(
-      window_, {ToPixels(extender_.Left(), tpp_x), ToPixels(extender_.Top(), tpp_y),
-                ToPixels(extender_.Left() + extender_.Width(), tpp_x),
-                ToPixels(extender_.Top() + extender_.Height(), tpp_y)});
+  platform_.Windows().MoveWindow(window_, WindowBounds());
   if (extender_.Width() != last_width_ || extender_.Height() != last_height_) {
     last_width_ = extender_.Width();
     last_height_ = extender_.Height();
@@ -173,6 +247,59 @@ void HeadlessSurface::FollowExtender(std::u16string_view property) {
 
 void HeadlessSurface::Deliver(MouseAction action, int16_t button, int16_t shift, float x, float y) {
   if (enabled_) elements_->Deliver(action, button, shift, x, y);
+}
+
+bool HeadlessSurface::TakesMouseAt(double x, double y) const {
+  return extender_.Visible() && enabled_ && x >= extender_.Left() && y >= extender_.Top() &&
+         x < extender_.Left() + extender_.Width() && y < extender_.Top() + extender_.Height();
+}
+
+void HeadlessSurface::DeliverMouse(MouseAction action, int16_t button, int16_t shift, float x,
+                                   float y) {
+  const auto border_x = static_cast<float>(BorderTwips(platform_.Screen().TwipsPerPixelX()));
+  const auto border_y = static_cast<float>(BorderTwips(platform_.Screen().TwipsPerPixelY()));
+  Deliver(action, button, shift, x - static_cast<float>(extender_.Left()) - border_x,
+          y - static_cast<float>(extender_.Top()) - border_y);
+}
+
+HeadlessSurface* HeadlessSurface::PressFocusTarget(double x, double y, bool& here) {
+  if (!enabled_) return nullptr;
+  IMouseWindow* window = elements_->WindowAt(x, y);
+  if (window == nullptr) return nullptr;
+  auto* part = dynamic_cast<HeadlessSurface*>(window);
+  if (part == nullptr) {
+    here = true;  // a text box of this surface
+    return this;
+  }
+  const double inner_x =
+      x - part->extender_.Left() - part->BorderTwips(platform_.Screen().TwipsPerPixelX());
+  const double inner_y =
+      y - part->extender_.Top() - part->BorderTwips(platform_.Screen().TwipsPerPixelY());
+  if (HeadlessSurface* inner = part->PressFocusTarget(inner_x, inner_y, here)) return inner;
+  here = false;
+  return part;
+}
+
+void HeadlessSurface::SetFormFocus(bool focused) {
+  form_focus_ = focused;
+  SyncFocus();
+}
+
+bool HeadlessSurface::CanTakeFocus() const {
+  return extender_.Visible() && enabled_;
+}
+
+bool HeadlessSurface::ShouldHoldFocus() const {
+  auto& root = static_cast<HeadlessSurface&>(const_cast<HeadlessSurface*>(this)->Root());
+  if (!root.form_focus_) return false;
+  for (const SurfaceBase* step = &root; step != nullptr; step = step->FocusPart()) {
+    if (step == this) return true;
+  }
+  return false;
+}
+
+void HeadlessSurface::TakeFocusNow() {
+  SyncFocus();
 }
 
 }  // namespace zk

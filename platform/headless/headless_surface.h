@@ -5,7 +5,7 @@
 
 #include "platform/form_extender.h"
 #include "platform/mouse_dispatcher.h"
-#include "platform/surface.h"
+#include "platform/surface_base.h"
 
 namespace zk {
 
@@ -14,11 +14,18 @@ class HeadlessTextBox;
 
 // A control's area on a headless form: a window in the form's window tree, sized by the
 // control's extender. A border takes one pixel on each side (two with the 3-D appearance).
-// Mouse input delivered with Deliver() goes to the topmost visible and enabled element under
-// the point (the one created last), in that element's coordinates, or to the surface itself.
-class HeadlessSurface final : public ISurface {
+// The surface of a part is a window inside its owner's surface, placed in twips of the owner's
+// inner area. Mouse input delivered with Deliver() goes to the topmost window under the point (a
+// part's surface, which passes it on in its own coordinates, or a text box), else to the
+// topmost visible and enabled windowless element under it (the one created last), in that
+// element's coordinates, or to the surface itself. The form says when the control has its
+// focus (SetFormFocus); the focus inside the control follows the focus path.
+class HeadlessSurface final : public SurfaceBase, public IMouseWindow {
  public:
+  // The surface of a control on a form, in the form's window.
   HeadlessSurface(HeadlessPlatform& platform, FormExtender& extender, WindowHandle parent_window);
+  // The surface of a part of the control whose surface is `owner`.
+  HeadlessSurface(HeadlessPlatform& platform, FormExtender& extender, HeadlessSurface& owner);
   ~HeadlessSurface() override;
 
   WindowHandle hWnd() const override { return window_; }
@@ -36,11 +43,12 @@ class HeadlessSurface final : public ISurface {
   int16_t Appearance() const override { return appearance_; }
   void SetAppearance(int16_t appearance) override;
   bool Enabled() const override { return enabled_; }
-  void SetEnabled(bool enabled) override { enabled_ = enabled; }
+  void SetEnabled(bool enabled) override;
   int16_t MousePointer() const override { return mouse_pointer_; }
   void SetMousePointer(int16_t shape) override { mouse_pointer_ = shape; }
 
   void Refresh() override { ++refresh_count_; }
+  void BringToFront() override;
   void PopupMenu(const Variant& menu, const Variant& flags, const Variant& x, const Variant& y,
                  const Variant& default_menu) override;
 
@@ -62,28 +70,50 @@ class HeadlessSurface final : public ISurface {
   Signal<int16_t&, int16_t&>& KeyDown() override { return key_down_; }
   Signal<int16_t&>& KeyPress() override { return key_press_; }
   Signal<int16_t&, int16_t&>& KeyUp() override { return key_up_; }
-  Signal<>& GotFocus() override { return got_focus_; }
-  Signal<>& LostFocus() override { return lost_focus_; }
   Signal<int16_t>& AccessKeyPress() override { return access_key_press_; }
   Signal<bool>& Shown() override { return shown_; }
-  Signal<bool&>& Validate() override { return validate_; }
-  // The elements in drawing order (the last one on top).
+  // The windowless elements in drawing order (the last one on top).
   const std::vector<IElement*>& Elements() const { return elements_->Elements(); }
 
-  // Delivers one key stroke to the control: to its text box when it has one, else to the
-  // surface's own key events.
+  // Delivers one key stroke to the control: to the end of its focus path (a part, or the
+  // control itself), there to its text box when it has one, else to the surface's key events.
   void DeliverKey(int16_t key_code, int16_t shift, int16_t character);
 
   // Delivers one mouse action at (x, y), twips in the control's inner coordinates. While a
-  // button is held, the element it was pressed on keeps the mouse (as a captured window does).
+  // button is held, the window or element it was pressed on keeps the mouse (as a captured
+  // window does).
   void Deliver(MouseAction action, int16_t button, int16_t shift, float x, float y);
+
+  // Where a press at (x, y) (inner twips) puts the focus inside the control: on a part (and
+  // along the parts it remembers, `here` false), on the surface whose text box lies there
+  // (`here` true), or nowhere new (null) when it lies on the control's windowless area.
+  HeadlessSurface* PressFocusTarget(double x, double y, bool& here);
+  // The form gives its focus to the control or takes it away.
+  void SetFormFocus(bool focused);
+  bool FormFocus() const { return form_focus_; }
+
+  // The window of a part, as its owner's dispatcher sees it.
+  bool TakesMouseAt(double x, double y) const override;
+  void DeliverMouse(MouseAction action, int16_t button, int16_t shift, float x, float y) override;
 
   int RefreshCount() const { return refresh_count_; }
   int PopupMenuCount() const { return popup_menu_count_; }
 
+ protected:
+  bool CanTakeFocus() const override;
+  bool ShouldHoldFocus() const override;
+  void TakeFocusNow() override;
+
  private:
+  HeadlessSurface(HeadlessPlatform& platform, FormExtender& extender, HeadlessSurface* owner,
+                  WindowHandle parent_window);
+  HeadlessSurface* OwnerSurface() const;
   double BorderTwips(double twips_per_pixel) const;
+  int32_t BorderPixels() const;
+  // Places the window where the extender says, inside its parent's inner area.
+  PixelRect WindowBounds() const;
   void FollowExtender(std::u16string_view property);
+  void PlacePartWindows();
 
   HeadlessPlatform& platform_;
   FormExtender& extender_;
@@ -92,6 +122,7 @@ class HeadlessSurface final : public ISurface {
   int16_t border_style_ = 0;
   int16_t appearance_ = 1;
   bool enabled_ = true;
+  bool form_focus_ = false;
   int16_t mouse_pointer_ = 0;
   int refresh_count_ = 0;
   int popup_menu_count_ = 0;
@@ -108,11 +139,8 @@ class HeadlessSurface final : public ISurface {
   Signal<int16_t&, int16_t&> key_down_;
   Signal<int16_t&> key_press_;
   Signal<int16_t&, int16_t&> key_up_;
-  Signal<> got_focus_;
-  Signal<> lost_focus_;
   Signal<int16_t> access_key_press_;
   Signal<bool> shown_;
-  Signal<bool&> validate_;
   OLE_COLOR mask_color_ = 0x80000008;
   // The text box that takes the control's keys (the last one created), while it lives.
   std::shared_ptr<HeadlessTextBox*> key_target_ = std::make_shared<HeadlessTextBox*>(nullptr);

@@ -1,5 +1,6 @@
 #include "platform/headless/headless_window_system.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/window_messages.h"
@@ -25,6 +26,7 @@ WindowHandle HeadlessWindowSystem::CreateWindow(WindowHandle parent, std::u16str
   window.class_name = std::move(class_name);
   window.bounds = bounds;
   window.style = style;
+  window.stack_order = next_stack_order_++;
   window.procedure = ClassProcedureAddress();
   windows_.emplace(handle, std::move(window));
   return handle;
@@ -60,11 +62,22 @@ WindowHandle HeadlessWindowSystem::Parent(WindowHandle window) const {
 }
 
 std::vector<WindowHandle> HeadlessWindowSystem::Children(WindowHandle window) const {
-  std::vector<WindowHandle> children;
+  std::vector<std::pair<uint64_t, WindowHandle>> children;
   for (const auto& [handle, record] : windows_) {
-    if (record.parent == window) children.push_back(handle);
+    if (record.parent == window) children.emplace_back(record.stack_order, handle);
   }
-  return children;
+  std::sort(children.begin(), children.end());
+  std::vector<WindowHandle> handles;
+  for (const auto& [order, handle] : children)
+    handles.push_back(handle);
+  return handles;
+}
+
+bool HeadlessWindowSystem::BringToTop(WindowHandle window) {
+  auto found = windows_.find(window);
+  if (found == windows_.end()) return false;
+  found->second.stack_order = next_stack_order_++;
+  return true;
 }
 
 int32_t HeadlessWindowSystem::ListHorizontalExtent(WindowHandle list_box) const {

@@ -35,7 +35,10 @@ class HeadlessWindowSystem final : public ProcedureWindowSystem {
   bool DestroyWindow(WindowHandle window);
   bool MoveWindow(WindowHandle window, PixelRect bounds);
   WindowHandle Parent(WindowHandle window) const;
+  // The window's children from the bottom of the stack to its top: in creation order, except
+  // that BringToTop puts a window above its siblings.
   std::vector<WindowHandle> Children(WindowHandle window) const;
+  bool BringToTop(WindowHandle window);
   size_t WindowCount() const { return windows_.size(); }
   // The horizontal extent a list box was given, in pixels (0 for none or no list box).
   int32_t ListHorizontalExtent(WindowHandle list_box) const;
@@ -59,6 +62,8 @@ class HeadlessWindowSystem final : public ProcedureWindowSystem {
     WindowHandle parent = 0;
     std::u16string class_name;
     PixelRect bounds;
+    // The place in the stack of its siblings: the higher, the nearer the top.
+    uint64_t stack_order = 0;
     int32_t item_height = 13;
     int32_t horizontal_extent = 0;
   };
@@ -74,6 +79,7 @@ class HeadlessWindowSystem final : public ProcedureWindowSystem {
 
   std::map<WindowHandle, Window> windows_;
   WindowHandle next_handle_ = 0x00010010;
+  uint64_t next_stack_order_ = 1;
   WindowHandle active_window_ = 0;
   WindowHandle capture_ = 0;
   std::vector<MessageRecord> delivered_;

@@ -23,6 +23,7 @@ class QtPaintedBase : public ElementState<Base>, public QtPaintedElement {
   void Refresh() override {
     if (QWidget* widget = surface_.Widget()) widget->repaint();
   }
+  void BringToFront() override { surface_.BringPaintedToFront(this); }
 
  protected:
   void Changed() override { surface_.Update(); }

@@ -1,9 +1,11 @@
 #include "platform/qt/qt_surface.h"
 
+#include <QApplication>
 #include <QFocusEvent>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QToolTip>
+#include <algorithm>
 #include <cmath>
 
 #include "platform/qt/qt_border.h"
@@ -102,19 +104,27 @@ class QtSurface::ControlWidget final : public QWidget {
     int16_t shift = ShiftCode(event->modifiers());
     surface_.key_up_.Emit(key_code, shift);
   }
-  void focusInEvent(QFocusEvent*) override { surface_.got_focus_.Emit(); }
-  void focusOutEvent(QFocusEvent*) override { surface_.lost_focus_.Emit(); }
+  void focusInEvent(QFocusEvent*) override { surface_.RefreshFocus(); }
+  void focusOutEvent(QFocusEvent*) override { surface_.RefreshFocus(); }
 
- private:
+ public:
   QtSurface& surface_;
 };
 
 QtSurface::QtSurface(QtPlatform& platform, FormExtender& extender, QWidget* form, bool can_focus)
-    : platform_(platform),
+    : QtSurface(platform, extender, nullptr, form, can_focus) {}
+
+QtSurface::QtSurface(QtPlatform& platform, FormExtender& extender, QtSurface& owner)
+    : QtSurface(platform, extender, &owner, owner.widget_, true) {}
+
+QtSurface::QtSurface(QtPlatform& platform, FormExtender& extender, QtSurface* owner,
+                     QWidget* parent, bool can_focus)
+    : SurfaceBase(owner),
+      platform_(platform),
       extender_(extender),
       dispatcher_({&click_, &dbl_click_, &mouse_down_, &mouse_move_, &mouse_up_},
                   [this] { return std::pair<double, double>(ScaleWidth(), ScaleHeight()); }) {
-  auto* widget = new ControlWidget(*this, form);
+  auto* widget = new ControlWidget(*this, parent);
   widget->setFocusPolicy(can_focus ? Qt::StrongFocus : Qt::NoFocus);
   widget_ = widget;
   window_ = platform_.Windows().Register(widget, u"ZKControl", 0x50000000,
@@ -123,13 +133,26 @@ QtSurface::QtSurface(QtPlatform& platform, FormExtender& extender, QWidget* form
   last_height_ = extender_.Height();
   FollowExtender(u"Move");
   // Children of a form that is not shown yet appear with it; later ones must be shown.
-  if (form != nullptr && form->isVisible()) widget->show();
+  if (parent != nullptr && parent->isVisible()) widget->show();
   extender_connection_ = extender_.PropertyWritten().Connect(
       [this](std::u16string_view property) { FollowExtender(property); });
 }
 
 QtSurface::~QtSurface() {
+  // The owner stops pointing its focus at this part before the widget goes.
+  SurfaceBase* owner = Owner();
+  DetachFromOwner();
   delete widget_;
+  // A part that had the focus took it with its widget; the control learns it without events,
+  // since it may be going away itself.
+  if (owner != nullptr) static_cast<QtSurface&>(owner->Root()).SyncFocusQuietly();
+}
+
+QtSurface* QtSurface::SurfaceOf(const QWidget* widget) {
+  for (const QWidget* step = widget; step != nullptr; step = step->parentWidget()) {
+    if (const auto* control = dynamic_cast<const ControlWidget*>(step)) return &control->surface_;
+  }
+  return nullptr;
 }
 
 int QtSurface::BorderPixels() const {
@@ -146,6 +169,14 @@ QRectF QtSurface::PixelArea(const IElement& element) const {
   return QRectF(origin,
                 QSizeF(std::max(0.0, element.Width() / platform_.Screen().TwipsPerPixelX()),
                        std::max(0.0, element.Height() / platform_.Screen().TwipsPerPixelY())));
+}
+
+void QtSurface::BringPaintedToFront(IElement* element) {
+  dispatcher_.BringToFront(element);
+  auto found = std::find_if(painted_.begin(), painted_.end(),
+                            [element](const auto& entry) { return entry.first == element; });
+  if (found != painted_.end()) std::rotate(found, found + 1, painted_.end());
+  Update();
 }
 
 void QtSurface::AddPaintedElement(IElement* element, const QtPaintedElement* painted) {
@@ -192,13 +223,20 @@ void QtSurface::SetBackColor(OLE_COLOR color) {
 
 void QtSurface::SetBorderStyle(int16_t style) {
   border_style_ = style;
+  PlacePartWidgets();
   Update();
 }
 
 void QtSurface::SetAppearance(int16_t appearance) {
   appearance_ = appearance;
   back_color_ = appearance == 1 ? 0x8000000F : 0x80000005;
+  PlacePartWidgets();
   Update();
+}
+
+void QtSurface::PlacePartWidgets() {
+  for (SurfaceBase* part : Parts())
+    static_cast<QtSurface*>(part)->FollowExtender(u"Move");
 }
 
 bool QtSurface::Enabled() const {
@@ -206,7 +244,65 @@ bool QtSurface::Enabled() const {
 }
 
 void QtSurface::SetEnabled(bool enabled) {
+  // A disabled widget with the focus would pass it on to whatever follows in Qt's chain,
+  // another control perhaps: the owner takes it back first.
+  if (!enabled) FocusabilityLost();
   if (widget_) widget_->setEnabled(enabled);
+}
+
+void QtSurface::BringToFront() {
+  if (widget_) widget_->raise();
+}
+
+void QtSurface::RefreshFocus() {
+  auto& root = static_cast<QtSurface&>(Root());
+  const QWidget* focus = QApplication::focusWidget();
+  if (focus != nullptr && root.widget_ != nullptr &&
+      (focus == root.widget_ || root.widget_->isAncestorOf(focus))) {
+    if (QtSurface* holder = SurfaceOf(focus)) holder->PointFocusAt(true);
+  }
+  SyncFocus();
+}
+
+QtSurface* QtSurface::PressFocusTarget(QWidget* widget, bool& here) {
+  QtSurface* surface = SurfaceOf(widget);
+  if (surface == nullptr || &surface->Root() != &Root()) return nullptr;
+  here = surface->widget_ != widget;  // a window of that surface's own (a text box)
+  // A press on a part that cannot take the focus is its owner's.
+  while (surface != this && !surface->CanTakeFocus()) {
+    surface = static_cast<QtSurface*>(surface->Owner());
+    here = false;
+  }
+  if (surface == this && !here) return nullptr;
+  return surface;
+}
+
+bool QtSurface::CanTakeFocus() const {
+  return widget_ != nullptr && extender_.Visible() && widget_->isEnabled();
+}
+
+bool QtSurface::ShouldHoldFocus() const {
+  const QWidget* focus = QApplication::focusWidget();
+  return focus != nullptr && widget_ != nullptr &&
+         (focus == widget_ || widget_->isAncestorOf(focus));
+}
+
+void QtSurface::TakeFocusNow() {
+  if (widget_) widget_->setFocus(Qt::OtherFocusReason);
+  RefreshFocus();
+}
+
+void QtSurface::FocusPartChanged() {
+  if (widget_ == nullptr) return;
+  const auto* part = static_cast<QtSurface*>(FocusPart());
+  if (part != nullptr && part->widget_ != nullptr) {
+    if (!proxy_is_part_) own_focus_proxy_ = widget_->focusProxy();
+    proxy_is_part_ = true;
+    widget_->setFocusProxy(part->widget_);
+  } else if (proxy_is_part_) {
+    proxy_is_part_ = false;
+    widget_->setFocusProxy(own_focus_proxy_.data());
+  }
 }
 
 void QtSurface::SetMousePointer(int16_t shape) {
@@ -242,6 +338,8 @@ std::unique_ptr<IImageElement> QtSurface::CreateImage() {
 void QtSurface::FollowExtender(std::u16string_view property) {
   if (widget_ == nullptr) return;
   if (property == u"Visible") {
+    // Hiding a widget with the focus would pass it on along Qt's chain: the owner takes it.
+    if (!extender_.Visible()) FocusabilityLost();
     widget_->setVisible(extender_.Visible());
     shown_.Emit(extender_.Visible());
     return;
@@ -252,8 +350,12 @@ void QtSurface::FollowExtender(std::u16string_view property) {
   }
   const double tpp_x = platform_.Screen().TwipsPerPixelX();
   const double tpp_y = platform_.Screen().TwipsPerPixelY();
-  widget_->setGeometry(Pixels(extender_.Left(), tpp_x), Pixels(extender_.Top(), tpp_y),
-                       Pixels(extender_.Width(), tpp_x), Pixels(extender_.Height(), tpp_y));
+  // A part lies in its owner's inner area, inside the owner's border.
+  const auto* owner = static_cast<const QtSurface*>(Owner());
+  const int origin = owner != nullptr ? owner->BorderPixels() : 0;
+  widget_->setGeometry(origin + Pixels(extender_.Left(), tpp_x),
+                       origin + Pixels(extender_.Top(), tpp_y), Pixels(extender_.Width(), tpp_x),
+                       Pixels(extender_.Height(), tpp_y));
   if (extender_.Width() != last_width_ || extender_.Height() != last_height_) {
     last_width_ = extender_.Width();
     last_height_ = extender_.Height();

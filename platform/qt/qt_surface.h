@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPointer>
 #include <QRectF>
 #include <QWidget>
 #include <memory>
@@ -8,7 +9,7 @@
 
 #include "platform/form_extender.h"
 #include "platform/mouse_dispatcher.h"
-#include "platform/surface.h"
+#include "platform/surface_base.h"
 
 class QPainter;
 
@@ -28,11 +29,20 @@ class QtPaintedElement {
 // colour, its windowless elements and the border (one pixel, or a two-pixel sunken edge with
 // the 3-D appearance), and reports mouse, keys and focus. Windowless elements are painted by the
 // surface and get their mouse events from it, as a container does for its light-weight
-// controls; elements with a window of their own (text boxes, lists) are child widgets.
-class QtSurface final : public ISurface {
+// controls; elements with a window of their own (text boxes, lists) are child widgets. The
+// surface of a part is a child widget of its owner's, placed in twips of the owner's inner area.
+// The focus inside a control is Qt's focus: a surface holds it while Qt's focus widget is its
+// widget or inside it, and the part that the focus goes to is the widget's focus proxy.
+class QtSurface final : public SurfaceBase {
  public:
+  // The surface of a control on a form (`form` is the form's widget).
   QtSurface(QtPlatform& platform, FormExtender& extender, QWidget* form, bool can_focus);
+  // The surface of a part of the control whose surface is `owner`.
+  QtSurface(QtPlatform& platform, FormExtender& extender, QtSurface& owner);
   ~QtSurface() override;
+
+  // The surface whose widget is `widget` or holds it (the innermost one), or null.
+  static QtSurface* SurfaceOf(const QWidget* widget);
 
   QWidget* Widget() const { return widget_; }
   QtPlatform& Platform() const { return platform_; }
@@ -62,6 +72,7 @@ class QtSurface final : public ISurface {
   int16_t MousePointer() const override { return mouse_pointer_; }
   void SetMousePointer(int16_t shape) override;
   void Refresh() override;
+  void BringToFront() override;
   void PopupMenu(const Variant& menu, const Variant& flags, const Variant& x, const Variant& y,
                  const Variant& default_menu) override;
 
@@ -83,26 +94,41 @@ class QtSurface final : public ISurface {
   Signal<int16_t&, int16_t&>& KeyDown() override { return key_down_; }
   Signal<int16_t&>& KeyPress() override { return key_press_; }
   Signal<int16_t&, int16_t&>& KeyUp() override { return key_up_; }
-  Signal<>& GotFocus() override { return got_focus_; }
-  Signal<>& LostFocus() override { return lost_focus_; }
   Signal<int16_t>& AccessKeyPress() override { return access_key_press_; }
   Signal<bool>& Shown() override { return shown_; }
-  Signal<bool&>& Validate() override { return validate_; }
 
   // Windowless elements register while they live; the last one added is on top.
   void AddPaintedElement(IElement* element, const QtPaintedElement* painted);
   void RemovePaintedElement(IElement* element);
   // The place of an element in the widget's pixels.
   QRectF PixelArea(const IElement& element) const;
+  // Puts a windowless element above the others.
+  void BringPaintedToFront(IElement* element);
   // Repaints the widget (after an element changed).
   void Update();
   // A child widget (a text box) that takes the control's focus reports it here.
-  void ChildFocus(bool focused) { (focused ? got_focus_ : lost_focus_).Emit(); }
+  void ChildFocus(bool /*focused*/) { RefreshFocus(); }
+  // Follows Qt's focus: the surface (of this control's tree) that has it becomes the end of
+  // the focus path, and the surfaces raise GotFocus and LostFocus as they gain or lose it.
+  void RefreshFocus();
+  // Where a press on `widget` (inside this control) puts the focus inside the control: on a
+  // part (along the parts it remembers, `here` false), on the surface whose text box it is
+  // (`here` true), or nowhere new (null) on the control's own area.
+  QtSurface* PressFocusTarget(QWidget* widget, bool& here);
+
+ protected:
+  bool CanTakeFocus() const override;
+  bool ShouldHoldFocus() const override;
+  void TakeFocusNow() override;
+  void FocusPartChanged() override;
 
  private:
   class ControlWidget;
   friend class ControlWidget;
+  QtSurface(QtPlatform& platform, FormExtender& extender, QtSurface* owner, QWidget* parent,
+            bool can_focus);
   void FollowExtender(std::u16string_view property);
+  void PlacePartWidgets();
 
   QtPlatform& platform_;
   FormExtender& extender_;
@@ -125,14 +151,14 @@ class QtSurface final : public ISurface {
   Signal<int16_t&, int16_t&> key_down_;
   Signal<int16_t&> key_press_;
   Signal<int16_t&, int16_t&> key_up_;
-  Signal<> got_focus_;
-  Signal<> lost_focus_;
   Signal<int16_t> access_key_press_;
   Signal<bool> shown_;
-  Signal<bool&> validate_;
   OLE_COLOR mask_color_ = 0x80000008;
   MouseDispatcher dispatcher_;
   std::vector<std::pair<IElement*, const QtPaintedElement*>> painted_;
+  // The focus proxy that the widget had before a part became it (a text box's editor).
+  QPointer<QWidget> own_focus_proxy_;
+  bool proxy_is_part_ = false;
 };
 
 }  // namespace zk

@@ -333,6 +333,10 @@ void QtTextBox::Refresh() {
   if (widget_) widget_->repaint();
 }
 
+void QtTextBox::BringToFront() {
+  if (widget_) widget_->raise();
+}
+
 std::u16string QtTextBox::Text() const {
   if (!widget_) return {};
   if (multi_line_) return FromQtLines(static_cast<QPlainTextEdit*>(widget_.data())->toPlainText());

@@ -36,6 +36,7 @@ class QtTextBox final : public ITextBoxElement {
   std::u16string ToolTipText() const override { return tool_tip_text_; }
   void SetToolTipText(std::u16string_view text) override;
   void Refresh() override;
+  void BringToFront() override;
   Signal<>& Click() override { return click_; }
   Signal<>& DblClick() override { return dbl_click_; }
   MouseSignal& MouseDown() override { return mouse_down_; }

@@ -1,0 +1,9 @@
+#pragma once
+
+namespace zk {
+
+// Registers the control kinds that only tests build (ZKTestComposite), so that forms and
+// scripts can place them; registering again does nothing.
+void RegisterTestControlKinds();
+
+}  // namespace zk
