@@ -1,5 +1,10 @@
 #pragma once
 
+#include <memory>
+
+#include "foundation/signal.h"
+#include "foundation/timer.h"
+
 namespace zk {
 
 class Form;
@@ -8,5 +13,13 @@ class Form;
 void BuildButtonGallery(Form& form, double left, double top, double width, double height);
 void BuildLampGallery(Form& form, double left, double top, double width, double height);
 void BuildTextGallery(Form& form, double left, double top, double width, double height);
+
+// A timer that moves a section's controls while the gallery is live; it goes before the form.
+struct GalleryTicker {
+  ZKCTimer timer;
+  ScopedConnection tick;
+};
+std::unique_ptr<GalleryTicker> BuildProgressGallery(Form& form, double left, double top,
+                                                    double width, double height);
 
 }  // namespace zk
