@@ -5,7 +5,7 @@
 
 #include "foundation/variant.h"
 #include "framework/control.h"
-#include "platform/form_extender.h"
+#include "platform/common/form_extender.h"
 #include "platform/host.h"
 
 namespace zk {

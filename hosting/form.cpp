@@ -6,7 +6,7 @@
 #include "foundation/debug_utils.h"
 #include "foundation/dispatch_object.h"
 #include "foundation/zk_error.h"
-#include "platform/form_extender.h"
+#include "platform/common/form_extender.h"
 #include "platform/platform.h"
 
 namespace zk {

@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
-#include "platform/form_ambient.h"
-#include "platform/form_extender.h"
+#include "platform/common/form_ambient.h"
+#include "platform/common/form_extender.h"
 #include "platform/headless/headless_surface.h"
 #include "platform/host.h"
 

@@ -4,8 +4,8 @@
 #include <memory>
 #include <string>
 
-#include "platform/form_ambient.h"
-#include "platform/form_extender.h"
+#include "platform/common/form_ambient.h"
+#include "platform/common/form_extender.h"
 #include "platform/host.h"
 #include "platform/qt/qt_surface.h"
 
