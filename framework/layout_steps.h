@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "foundation/flag_scope.h"
+
 namespace zk {
 
 // Runs one step of a layout or of a redraw. A step that fails is skipped so that the steps after
@@ -13,17 +15,5 @@ void IgnoringFailure(Step&& step) noexcept {
   } catch (...) {
   }
 }
-
-// Sets a control's re-entry flag for the life of the scope, however the guarded work ends.
-class FlagScope {
- public:
-  explicit FlagScope(bool& flag) : flag_(flag) { flag_ = true; }
-  FlagScope(const FlagScope&) = delete;
-  FlagScope& operator=(const FlagScope&) = delete;
-  ~FlagScope() { flag_ = false; }
-
- private:
-  bool& flag_;
-};
 
 }  // namespace zk

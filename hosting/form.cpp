@@ -5,6 +5,7 @@
 
 #include "foundation/debug_utils.h"
 #include "foundation/dispatch_object.h"
+#include "foundation/flag_scope.h"
 #include "foundation/zk_error.h"
 #include "platform/common/form_extender.h"
 #include "platform/platform.h"
@@ -30,18 +31,6 @@ bool IsName(std::u16string_view name) {
   }
   return true;
 }
-
-// Raises a flag for as long as it lives.
-class FlagScope {
- public:
-  explicit FlagScope(bool& flag) : flag_(flag) { flag_ = true; }
-  FlagScope(const FlagScope&) = delete;
-  FlagScope& operator=(const FlagScope&) = delete;
-  ~FlagScope() { flag_ = false; }
-
- private:
-  bool& flag_;
-};
 
 [[noreturn]] void Refuse(std::u16string description) {
   throw ZKError(error_number::kInvalidProcedureCall, std::move(description));

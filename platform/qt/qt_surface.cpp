@@ -240,7 +240,9 @@ void QtSurface::PlacePartWidgets() {
 }
 
 bool QtSurface::Enabled() const {
-  return widget_ ? widget_->isEnabled() : false;
+  // The control's own flag: a control inside a disabled owner or container keeps it, as on
+  // every platform; the state it inherits only decides whether it takes input.
+  return widget_ ? !widget_->testAttribute(Qt::WA_ForceDisabled) : false;
 }
 
 void QtSurface::SetEnabled(bool enabled) {

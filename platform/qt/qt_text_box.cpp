@@ -15,6 +15,7 @@
 #include <memory>
 #include <type_traits>
 
+#include "foundation/flag_scope.h"
 #include "platform/qt/qt_border.h"
 #include "platform/qt/qt_colors.h"
 #include "platform/qt/qt_input.h"
@@ -58,18 +59,6 @@ int16_t CharacterOf(const QKeyEvent& event) {
   const QString text = event.text();
   return text.isEmpty() ? int16_t{0} : static_cast<int16_t>(text.at(0).unicode());
 }
-
-// Raises a flag for as long as it lives.
-class FlagScope {
- public:
-  explicit FlagScope(bool& flag) : flag_(flag) { flag_ = true; }
-  FlagScope(const FlagScope&) = delete;
-  FlagScope& operator=(const FlagScope&) = delete;
-  ~FlagScope() { flag_ = false; }
-
- private:
-  bool& flag_;
-};
 
 // Whether a menu entry is the one for a standard key (its text ends with the key's shortcut).
 bool IsEntryFor(const QAction& action, QKeySequence::StandardKey key) {

@@ -198,4 +198,19 @@ TYPED_TEST(ChildSiteTest, ATextBoxIsAWindowAmongTheParts) {
 }
 
 }  // namespace
+
+// A part keeps its own Enabled while its owner is disabled: the surface reports the control's
+// own flag, not the state it inherits (which only decides whether it takes input).
+TYPED_TEST(ChildSiteTest, APartKeepsItsOwnEnabledUnderADisabledOwner) {
+  ZKTestComposite& composite = *this->composite_;
+  composite.SetEnabled(false);
+  EXPECT_FALSE(composite.Enabled());
+  EXPECT_TRUE(composite.LeftButton()->Enabled());
+  composite.LeftButton()->SetEnabled(false);
+  composite.SetEnabled(true);
+  EXPECT_TRUE(composite.Enabled());
+  EXPECT_FALSE(composite.LeftButton()->Enabled());
+  EXPECT_TRUE(composite.RightButton()->Enabled());
+}
+
 }  // namespace zk
