@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "foundation/signal.h"
-#include "foundation/timer.h"
+#include "services/timer.h"
 
 namespace zk {
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "enumerations/enumerations.h"
 #include "framework/control.h"
 #include "framework/element_mouse_relay.h"
-#include "framework/enumerations.h"
 #include "platform/elements.h"
 
 namespace zk {

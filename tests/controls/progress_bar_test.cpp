@@ -9,7 +9,7 @@
 #include "foundation/archive_utils.h"
 #include "foundation/text_encoding.h"
 #include "foundation/zk_error.h"
-#include "platform/memory_property_bag.h"
+#include "platform/common/memory_property_bag.h"
 #include "tests/controls/form_fixture.h"
 
 namespace zk {
