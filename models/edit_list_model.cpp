@@ -97,7 +97,7 @@ void CEditListModel::Insert(int32_t position, std::u16string_view Item, std::u16
                             const EditListRows::Placement* placement) {
   // A row added without a tag carries the index it was inserted at, for good.
   std::u16string tag = Tag.empty() ? Decimal(position) : std::u16string(Tag);
-  rows_.Insert(position, std::u16string(Item), std::move(tag), placement);
+  rows_.Insert(position, Item, tag, placement);
   new_index_ = position;
   if (list_index_ >= position) ++list_index_;
   if (top_index_ > position) ++top_index_;
@@ -153,7 +153,7 @@ bool CEditListModel::SetSelected(int32_t Index, bool New_Selected) noexcept {
 std::u16string CEditListModel::CellText(int column, int32_t Index) const {
   const int32_t row = Index == -1 ? list_index_ : Index;
   if (row < 0 || row >= rows_.Count()) return {};
-  return rows_.Text(column, row);
+  return std::u16string(rows_.Text(column, row));
 }
 
 std::u16string CEditListModel::ItemList(int32_t Index) const {
@@ -167,7 +167,7 @@ std::u16string CEditListModel::TagList(int32_t Index) const {
 void CEditListModel::WriteCell(int column, int32_t Index, std::u16string_view text) {
   const int32_t row = Index == -1 ? list_index_ : Index;
   if (row >= 0) {
-    if (row < rows_.Count()) rows_.SetText(column, row, std::u16string(text));
+    if (row < rows_.Count()) rows_.SetText(column, row, text);
     if (host_ != nullptr) {
       int32_t changed_row = row;
       int32_t changed_column = column;
@@ -321,14 +321,14 @@ std::u16string CEditListModel::ItemsArchive() const {
   std::vector<std::u16string> items;
   items.reserve(static_cast<size_t>(rows_.Count()));
   rows_.ForEachRow(
-      [&](const std::u16string& item, const std::u16string&) { items.push_back(item); });
+      [&](std::u16string_view item, std::u16string_view) { items.emplace_back(item); });
   return MArchiveUtils::ArchiveJoinStrings(items);
 }
 
 std::u16string CEditListModel::TagsArchive() const {
   std::vector<std::u16string> tags;
   tags.reserve(static_cast<size_t>(rows_.Count()));
-  rows_.ForEachRow([&](const std::u16string&, const std::u16string& tag) { tags.push_back(tag); });
+  rows_.ForEachRow([&](std::u16string_view, std::u16string_view tag) { tags.emplace_back(tag); });
   return MArchiveUtils::ArchiveJoinStrings(tags);
 }
 
@@ -346,10 +346,10 @@ void CEditListModel::ParseListArchive(std::u16string_view items, std::u16string_
 void CEditListModel::WriteRows(const BagWriter& write) const {
   write(u"ItemCount", Variant(rows_.Count()), Variant(int32_t{0}));
   int64_t row = 0;
-  rows_.ForEachRow([&](const std::u16string& item, const std::u16string& tag) {
+  rows_.ForEachRow([&](std::u16string_view item, std::u16string_view tag) {
     const std::u16string suffix = Decimal(row++);
-    write(u"TagList" + suffix, Variant(tag), Variant(u""));
-    write(u"ItemList" + suffix, Variant(item), Variant(u""));
+    write(u"TagList" + suffix, Variant(std::u16string(tag)), Variant(u""));
+    write(u"ItemList" + suffix, Variant(std::u16string(item)), Variant(u""));
   });
 }
 
@@ -360,7 +360,7 @@ void CEditListModel::ReadRows(const BagReader& read) {
     std::u16string item = read(u"ItemList" + suffix, Variant(u"0")).ToText();
     std::u16string tag = read(u"TagList" + suffix, Variant(u"0")).ToText();
     const int32_t position = rows_.Count();
-    rows_.Insert(position, std::move(item), std::move(tag));
+    rows_.Insert(position, item, tag);
     new_index_ = position;
   }
 }

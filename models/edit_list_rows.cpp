@@ -1,7 +1,6 @@
 #include "models/edit_list_rows.h"
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 #include "models/ordinal_caseless_collation.h"
@@ -20,26 +19,23 @@ std::shared_ptr<const TextCollation> OrDefault(std::shared_ptr<const TextCollati
 
 }  // namespace
 
+void EditListRows::MoveRows(Block& from, int32_t first, Block& to) {
+  const int32_t had = to.Size();
+  to.order.reserve(to.order.size() + (from.order.size() - static_cast<size_t>(first)));
+  from.texts[kItemColumn].MoveTailTo(first, to.texts[kItemColumn]);
+  try {
+    from.texts[kTagColumn].MoveTailTo(first, to.texts[kTagColumn]);
+  } catch (...) {
+    // The items go back into the room they left, which needs no allocation.
+    to.texts[kItemColumn].MoveTailTo(had, from.texts[kItemColumn]);
+    throw;
+  }
+  to.order.insert(to.order.end(), from.order.begin() + first, from.order.end());
+  from.order.erase(from.order.begin() + first, from.order.end());
+}
+
 EditListRows::Relation EditListRows::Block::RelationAt(int column, int32_t offset) const noexcept {
   return static_cast<Relation>((order[static_cast<size_t>(offset)] >> (2 * column)) & 3);
-}
-
-void EditListRows::Block::SetRelation(int column, int32_t offset, Relation relation) noexcept {
-  const Relation old = RelationAt(column, offset);
-  if (old != kEqual) --relation_counts[column][old - 1];
-  uint8_t& bits = order[static_cast<size_t>(offset)];
-  bits = static_cast<uint8_t>((bits & ~(3 << (2 * column))) | (relation << (2 * column)));
-  if (relation != kEqual) ++relation_counts[column][relation - 1];
-}
-
-void EditListRows::Block::Recount() noexcept {
-  relation_counts = {};
-  for (int32_t offset = 0; offset < Size(); ++offset) {
-    for (int column : {kItemColumn, kTagColumn}) {
-      const Relation relation = RelationAt(column, offset);
-      if (relation != kEqual) ++relation_counts[column][relation - 1];
-    }
-  }
 }
 
 EditListRows::EditListRows(std::shared_ptr<const TextCollation> collation, int32_t block_rows)
@@ -53,9 +49,9 @@ void EditListRows::SetCollation(std::shared_ptr<const TextCollation> collation) 
   keeps_order_ = {};
 }
 
-const std::u16string& EditListRows::Text(int column, int32_t index) const {
+std::u16string_view EditListRows::Text(int column, int32_t index) const {
   const Location at = Locate(index);
-  return blocks_[at.block].texts[column][static_cast<size_t>(at.offset)];
+  return blocks_[at.block].texts[column].At(at.offset);
 }
 
 EditListRows::Location EditListRows::Locate(int32_t index) const noexcept {
@@ -65,14 +61,85 @@ EditListRows::Location EditListRows::Locate(int32_t index) const noexcept {
   return {block, index - starts_[block]};
 }
 
+int EditListRows::CompareKey(std::u16string_view key, int column, size_t block,
+                             int32_t offset) const {
+  return Sign(collation_->Compare(key, blocks_[block].texts[column].At(offset)));
+}
+
 EditListRows::Relation EditListRows::Compare(std::u16string_view a, std::u16string_view b) const {
   const int order = Sign(collation_->Compare(a, b));
   return order < 0 ? kBefore : (order > 0 ? kAfter : kEqual);
 }
 
+void EditListRows::SetRelation(size_t block, int32_t offset, int column,
+                               Relation relation) noexcept {
+  Block& rows = blocks_[block];
+  std::array<int32_t, 2>& counts = relation_counts_[block][column];
+  std::array<int64_t, 2>& totals = relation_totals_[column];
+  const Relation old = rows.RelationAt(column, offset);
+  if (old != kEqual) {
+    --counts[old - 1];
+    --totals[old - 1];
+  }
+  uint8_t& bits = rows.order[static_cast<size_t>(offset)];
+  bits = static_cast<uint8_t>((bits & ~(3 << (2 * column))) | (relation << (2 * column)));
+  if (relation != kEqual) {
+    ++counts[relation - 1];
+    ++totals[relation - 1];
+  }
+}
+
 void EditListRows::SetRelation(int32_t index, int column, Relation relation) noexcept {
   const Location at = Locate(index);
-  blocks_[at.block].SetRelation(column, at.offset, relation);
+  SetRelation(at.block, at.offset, column, relation);
+}
+
+void EditListRows::Recount(size_t block) noexcept {
+  RelationCounts& counts = relation_counts_[block];
+  for (int column : {kItemColumn, kTagColumn}) {
+    for (int slot : {0, 1})
+      relation_totals_[column][slot] -= counts[column][slot];
+  }
+  counts = {};
+  const Block& rows = blocks_[block];
+  for (int32_t offset = 0; offset < rows.Size(); ++offset) {
+    for (int column : {kItemColumn, kTagColumn}) {
+      const Relation relation = rows.RelationAt(column, offset);
+      if (relation != kEqual) ++counts[column][relation - 1];
+    }
+  }
+  for (int column : {kItemColumn, kTagColumn}) {
+    for (int slot : {0, 1})
+      relation_totals_[column][slot] += counts[column][slot];
+  }
+}
+
+void EditListRows::InsertBlock(size_t at, Block block) {
+  starts_.reserve(starts_.size() + 1);
+  relation_counts_.reserve(relation_counts_.size() + 1);
+  blocks_.insert(blocks_.begin() + static_cast<std::ptrdiff_t>(at), std::move(block));
+  starts_.insert(starts_.begin() + static_cast<std::ptrdiff_t>(at), 0);
+  relation_counts_.insert(relation_counts_.begin() + static_cast<std::ptrdiff_t>(at),
+                          RelationCounts{});
+  Recount(at);
+}
+
+void EditListRows::EraseBlock(size_t at) noexcept {
+  for (int column : {kItemColumn, kTagColumn}) {
+    for (int slot : {0, 1})
+      relation_totals_[column][slot] -= relation_counts_[at][column][slot];
+  }
+  blocks_.erase(blocks_.begin() + static_cast<std::ptrdiff_t>(at));
+  starts_.erase(starts_.begin() + static_cast<std::ptrdiff_t>(at));
+  relation_counts_.erase(relation_counts_.begin() + static_cast<std::ptrdiff_t>(at));
+}
+
+void EditListRows::Renumber(size_t block) noexcept {
+  int32_t start = block == 0 ? 0 : starts_[block - 1] + blocks_[block - 1].Size();
+  for (size_t k = block; k < blocks_.size(); ++k) {
+    starts_[k] = start;
+    start += blocks_[k].Size();
+  }
 }
 
 void EditListRows::CheckGeneration() noexcept {
@@ -94,31 +161,24 @@ void EditListRows::LearnOrder(int column) {
   // Every relation is compared first, so that a comparison that throws changes nothing.
   std::vector<Relation> relations;
   relations.reserve(static_cast<size_t>(count_));
-  const std::u16string* previous = nullptr;
-  ForEachRow([&](const std::u16string& item, const std::u16string& tag) {
-    const std::u16string& text = column == kItemColumn ? item : tag;
-    if (previous != nullptr) relations.push_back(Compare(*previous, text));
-    previous = &text;
+  std::u16string_view previous;
+  bool first = true;
+  ForEachRow([&](std::u16string_view item, std::u16string_view tag) {
+    const std::u16string_view text = column == kItemColumn ? item : tag;
+    if (!first) relations.push_back(Compare(previous, text));
+    previous = text;
+    first = false;
   });
   relations.push_back(kEqual);
   size_t next = 0;
-  for (Block& block : blocks_) {
-    for (int32_t offset = 0; offset < block.Size(); ++offset)
-      block.SetRelation(column, offset, count_ > 0 ? relations[next++] : kEqual);
+  for (size_t block = 0; block < blocks_.size(); ++block) {
+    for (int32_t offset = 0; offset < blocks_[block].Size(); ++offset)
+      SetRelation(block, offset, column, relations[next++]);
   }
   keeps_order_[static_cast<size_t>(column)] = true;
 }
 
-void EditListRows::RenumberFrom(size_t block) noexcept {
-  starts_.resize(blocks_.size());
-  int32_t start = block == 0 ? 0 : starts_[block - 1] + blocks_[block - 1].Size();
-  for (size_t k = block; k < blocks_.size(); ++k) {
-    starts_[k] = start;
-    start += blocks_[k].Size();
-  }
-}
-
-void EditListRows::Insert(int32_t index, std::u16string item, std::u16string tag,
+void EditListRows::Insert(int32_t index, std::u16string_view item, std::u16string_view tag,
                           const Placement* placement) {
   CheckGeneration();
   // The relations that change: the row before the new one now precedes the new row, and the
@@ -127,7 +187,7 @@ void EditListRows::Insert(int32_t index, std::u16string item, std::u16string tag
   std::array<Relation, 2> own{kEqual, kEqual};
   for (int column : {kItemColumn, kTagColumn}) {
     if (!keeps_order_[static_cast<size_t>(column)]) continue;
-    const std::u16string& text = column == kItemColumn ? item : tag;
+    const std::u16string_view text = column == kItemColumn ? item : tag;
     const bool hinted =
         placement != nullptr && placement->column == column && placement->index == index;
     if (index > 0) {
@@ -146,7 +206,7 @@ void EditListRows::Insert(int32_t index, std::u16string item, std::u16string tag
     }
   }
   const uint8_t order = static_cast<uint8_t>(own[kItemColumn] | (own[kTagColumn] << 2));
-  InsertIntoBlocks(index, std::move(item), std::move(tag), order);
+  InsertIntoBlocks(index, item, tag, order);
   if (index > 0) {
     for (int column : {kItemColumn, kTagColumn}) {
       if (keeps_order_[static_cast<size_t>(column)]) SetRelation(index - 1, column, before[column]);
@@ -154,15 +214,17 @@ void EditListRows::Insert(int32_t index, std::u16string item, std::u16string tag
   }
 }
 
-void EditListRows::InsertIntoBlocks(int32_t index, std::u16string item, std::u16string tag,
-                                    uint8_t order) {
+void EditListRows::InsertIntoBlocks(int32_t index, std::u16string_view item,
+                                    std::u16string_view tag, uint8_t order) {
+  // Room for one more block first, so that adding a block cannot fail halfway.
+  blocks_.reserve(blocks_.size() + 1);
+  starts_.reserve(starts_.size() + 1);
+  relation_counts_.reserve(relation_counts_.size() + 1);
+  size_t block = 0;
+  int32_t offset = 0;
   if (blocks_.empty()) {
-    blocks_.emplace_back();
-    starts_.assign(1, 0);
-  }
-  size_t block;
-  int32_t offset;
-  if (index == count_) {
+    InsertBlock(0, Block());
+  } else if (index == count_) {
     block = blocks_.size() - 1;
     offset = blocks_[block].Size();
   } else {
@@ -177,44 +239,52 @@ void EditListRows::InsertIntoBlocks(int32_t index, std::u16string item, std::u16
     }
   }
   if (blocks_[block].Size() >= max_block_rows_) {
+    const size_t first_changed = block;
     if (offset == blocks_[block].Size()) {
       // Rows added at the end of a full block (appending, a list read in order) start a new
       // block rather than leaving two half-empty ones behind.
-      blocks_.insert(blocks_.begin() + static_cast<std::ptrdiff_t>(block) + 1, Block());
+      InsertBlock(block + 1, Block());
       ++block;
       offset = 0;
     } else if (offset == 0) {
-      blocks_.insert(blocks_.begin() + static_cast<std::ptrdiff_t>(block), Block());
+      InsertBlock(block, Block());
     } else {
       Block upper;
-      Block& lower = blocks_[block];
-      const int32_t half = lower.Size() / 2;
-      for (int column : {kItemColumn, kTagColumn}) {
-        auto& texts = lower.texts[column];
-        upper.texts[column].assign(std::make_move_iterator(texts.begin() + half),
-                                   std::make_move_iterator(texts.end()));
-        texts.erase(texts.begin() + half, texts.end());
-      }
-      upper.order.assign(lower.order.begin() + half, lower.order.end());
-      lower.order.erase(lower.order.begin() + half, lower.order.end());
-      lower.Recount();
-      upper.Recount();
-      blocks_.insert(blocks_.begin() + static_cast<std::ptrdiff_t>(block) + 1, std::move(upper));
+      const int32_t half = blocks_[block].Size() / 2;
+      MoveRows(blocks_[block], half, upper);
+      Recount(block);
+      InsertBlock(block + 1, std::move(upper));
       if (offset > half) {
         ++block;
         offset -= half;
       }
     }
+    Renumber(first_changed);
   }
   Block& target = blocks_[block];
-  const auto at = static_cast<std::ptrdiff_t>(offset);
-  target.texts[kItemColumn].insert(target.texts[kItemColumn].begin() + at, std::move(item));
-  target.texts[kTagColumn].insert(target.texts[kTagColumn].begin() + at, std::move(tag));
-  target.order.insert(target.order.begin() + at, uint8_t{0});
-  target.SetRelation(kItemColumn, offset, static_cast<Relation>(order & 3));
-  target.SetRelation(kTagColumn, offset, static_cast<Relation>((order >> 2) & 3));
+  try {
+    target.order.reserve(target.order.size() + 1);
+    target.texts[kItemColumn].Insert(offset, item);
+    try {
+      target.texts[kTagColumn].Insert(offset, tag);
+    } catch (...) {
+      target.texts[kItemColumn].Erase(offset);
+      throw;
+    }
+  } catch (...) {
+    // A block made for this row goes again: no block is ever empty.
+    if (target.Size() == 0) {
+      EraseBlock(block);
+      if (!blocks_.empty()) Renumber(std::min(block, blocks_.size() - 1));
+    }
+    throw;
+  }
+  target.order.insert(target.order.begin() + offset, uint8_t{0});
+  SetRelation(block, offset, kItemColumn, static_cast<Relation>(order & 3));
+  SetRelation(block, offset, kTagColumn, static_cast<Relation>((order >> 2) & 3));
   ++count_;
-  RenumberFrom(block);
+  for (size_t k = block + 1; k < starts_.size(); ++k)
+    ++starts_[k];
 }
 
 void EditListRows::Erase(int32_t index) {
@@ -227,41 +297,21 @@ void EditListRows::Erase(int32_t index) {
     }
   }
   const Location at = Locate(index);
+  SetRelation(at.block, at.offset, kItemColumn, kEqual);
+  SetRelation(at.block, at.offset, kTagColumn, kEqual);
   Block& block = blocks_[at.block];
-  block.SetRelation(kItemColumn, at.offset, kEqual);
-  block.SetRelation(kTagColumn, at.offset, kEqual);
-  const auto offset = static_cast<std::ptrdiff_t>(at.offset);
-  block.texts[kItemColumn].erase(block.texts[kItemColumn].begin() + offset);
-  block.texts[kTagColumn].erase(block.texts[kTagColumn].begin() + offset);
-  block.order.erase(block.order.begin() + offset);
+  block.texts[kItemColumn].Erase(at.offset);
+  block.texts[kTagColumn].Erase(at.offset);
+  block.order.erase(block.order.begin() + at.offset);
   --count_;
-
-  size_t first_changed = at.block;
   if (block.Size() == 0) {
-    blocks_.erase(blocks_.begin() + static_cast<std::ptrdiff_t>(at.block));
+    EraseBlock(at.block);
+    if (!blocks_.empty()) Renumber(std::min(at.block, blocks_.size() - 1));
+  } else if (const size_t merged = MergeSmall(at.block); merged < blocks_.size()) {
+    Renumber(merged);
   } else {
-    // A block that has shrunk joins a neighbour when both fit in half a block.
-    for (size_t left : {at.block, at.block - 1}) {
-      if (left >= blocks_.size() || left + 1 >= blocks_.size()) continue;
-      Block& a = blocks_[left];
-      Block& b = blocks_[left + 1];
-      if (a.Size() + b.Size() > max_block_rows_ / 2) continue;
-      for (int column : {kItemColumn, kTagColumn}) {
-        a.texts[column].insert(a.texts[column].end(),
-                               std::make_move_iterator(b.texts[column].begin()),
-                               std::make_move_iterator(b.texts[column].end()));
-      }
-      a.order.insert(a.order.end(), b.order.begin(), b.order.end());
-      a.Recount();
-      blocks_.erase(blocks_.begin() + static_cast<std::ptrdiff_t>(left) + 1);
-      first_changed = std::min(first_changed, left);
-      break;
-    }
-  }
-  if (blocks_.empty()) {
-    starts_.clear();
-  } else {
-    RenumberFrom(std::min(first_changed, blocks_.size() - 1));
+    for (size_t k = at.block + 1; k < starts_.size(); ++k)
+      --starts_[k];
   }
   if (index > 0) {
     for (int column : {kItemColumn, kTagColumn}) {
@@ -270,7 +320,23 @@ void EditListRows::Erase(int32_t index) {
   }
 }
 
-void EditListRows::SetText(int column, int32_t index, std::u16string text) {
+size_t EditListRows::MergeSmall(size_t block) {
+  for (const size_t left : {block, block - 1}) {
+    // block - 1 wraps around for the first block.
+    if (left >= blocks_.size() || left + 1 >= blocks_.size()) continue;
+    Block& a = blocks_[left];
+    Block& b = blocks_[left + 1];
+    if (a.Size() + b.Size() > max_block_rows_ / 2) continue;
+    MoveRows(b, 0, a);
+    // The relations of the moved rows are now counted in `a` and must leave `b`'s count.
+    Recount(left);
+    EraseBlock(left + 1);
+    return left;
+  }
+  return blocks_.size();
+}
+
+void EditListRows::SetText(int column, int32_t index, std::u16string_view text) {
   CheckGeneration();
   Relation before = kEqual;
   Relation own = kEqual;
@@ -280,28 +346,30 @@ void EditListRows::SetText(int column, int32_t index, std::u16string text) {
     if (index + 1 < count_) own = Compare(text, Text(column, index + 1));
   }
   const Location at = Locate(index);
-  Block& block = blocks_[at.block];
-  block.texts[column][static_cast<size_t>(at.offset)] = std::move(text);
+  blocks_[at.block].texts[column].Replace(at.offset, text);
   if (!keeps) return;
-  block.SetRelation(column, at.offset, own);
+  SetRelation(at.block, at.offset, column, own);
   if (index > 0) SetRelation(index - 1, column, before);
 }
 
 void EditListRows::Clear() noexcept {
   blocks_.clear();
   starts_.clear();
+  relation_counts_.clear();
+  relation_totals_ = {};
   count_ = 0;
   keeps_order_ = {};
 }
 
 int32_t EditListRows::RunEnd(int column, Relation breaking, int32_t index) const noexcept {
-  Location at = Locate(index);
+  const int slot = breaking - 1;
+  if (relation_totals_[column][slot] == 0) return count_ - 1;
+  const Location at = Locate(index);
   for (size_t k = at.block; k < blocks_.size(); ++k) {
+    if (relation_counts_[k][column][slot] == 0) continue;
     const Block& block = blocks_[k];
-    if (block.relation_counts[column][breaking - 1] > 0) {
-      for (int32_t offset = k == at.block ? at.offset : 0; offset < block.Size(); ++offset) {
-        if (block.RelationAt(column, offset) == breaking) return starts_[k] + offset;
-      }
+    for (int32_t offset = k == at.block ? at.offset : 0; offset < block.Size(); ++offset) {
+      if (block.RelationAt(column, offset) == breaking) return starts_[k] + offset;
     }
   }
   return count_ - 1;
@@ -314,50 +382,74 @@ EditListRows::Placement EditListRows::FindPlacement(int column, std::u16string_v
   wanted = Sign(wanted);
   // A-to-Z runs end where a row sorts after its next; Z-to-A runs where it sorts before it.
   const Relation breaking = wanted < 0 ? kAfter : kBefore;
-  Placement placement;
-  placement.column = column;
-  int32_t start = 0;
-  while (start < count_) {
+  // The last comparison made below the position and the last one at or above it; Insert may
+  // reuse those made with the rows right before and at the position.
+  int32_t below_row = -1;
+  int below = 0;
+  int32_t above_row = -1;
+  int above = 0;
+  const auto probe = [&](size_t block, int32_t offset) {
+    const int order = CompareKey(key, column, block, offset);
+    if (order == wanted) {
+      above_row = starts_[block] + offset;
+      above = order;
+    } else {
+      below_row = starts_[block] + offset;
+      below = order;
+    }
+    return order == wanted;
+  };
+  int32_t position = count_;
+  for (int32_t start = 0; start < count_;) {
     const int32_t last = RunEnd(column, breaking, start);
-    const int at_last = Sign(collation_->Compare(key, Text(column, last)));
-    if (at_last != wanted) {
+    const Location end = Locate(last);
+    if (!probe(end.block, end.offset)) {
       // Nothing in this run stops the scan: the key compares so with the run's last row, and
       // every earlier row of the run lies on the same side of the key.
-      placement.before_known = true;
-      placement.key_vs_before = static_cast<int8_t>(at_last);
       start = last + 1;
       continue;
     }
-    // The stopping rows of the run form its tail: find where the tail begins.
-    int32_t low = start;
-    int32_t high = last;
-    int at_high = at_last;
-    while (low < high) {
-      const int32_t middle = low + (high - low) / 2;
-      const int at_middle = Sign(collation_->Compare(key, Text(column, middle)));
-      if (at_middle == wanted) {
-        high = middle;
-        at_high = at_middle;
+    // The stopping rows of the run form its tail. Find the block where the tail begins by the
+    // last row of each block, then the row inside that block.
+    const Location begin = Locate(start);
+    size_t low_block = begin.block;
+    size_t high_block = end.block;
+    while (low_block < high_block) {
+      const size_t middle = low_block + (high_block - low_block) / 2;
+      if (probe(middle, blocks_[middle].Size() - 1)) {
+        high_block = middle;
       } else {
-        low = middle + 1;
-        placement.before_known = true;
-        placement.key_vs_before = static_cast<int8_t>(at_middle);
+        low_block = middle + 1;
       }
     }
-    placement.index = low;
-    placement.at_known = true;
-    placement.key_vs_at = static_cast<int8_t>(at_high);
-    return placement;
+    int32_t low = low_block == begin.block ? begin.offset : 0;
+    int32_t high = low_block == end.block ? end.offset : blocks_[low_block].Size() - 1;
+    while (low < high) {
+      const int32_t middle = low + (high - low) / 2;
+      if (probe(low_block, middle)) {
+        high = middle;
+      } else {
+        low = middle + 1;
+      }
+    }
+    position = starts_[low_block] + low;
+    break;
   }
-  placement.index = count_;
+  Placement placement;
+  placement.column = column;
+  placement.index = position;
+  placement.before_known = position > 0 && below_row == position - 1;
+  placement.key_vs_before = static_cast<int8_t>(placement.before_known ? below : 0);
+  placement.at_known = position < count_ && above_row == position;
+  placement.key_vs_at = static_cast<int8_t>(placement.at_known ? above : 0);
   return placement;
 }
 
 int32_t EditListRows::FindExact(int column, std::u16string_view text) const noexcept {
   for (size_t k = 0; k < blocks_.size(); ++k) {
-    const std::vector<std::u16string>& texts = blocks_[k].texts[column];
-    for (size_t offset = 0; offset < texts.size(); ++offset) {
-      if (texts[offset] == text) return starts_[k] + static_cast<int32_t>(offset);
+    const PackedTexts& texts = blocks_[k].texts[column];
+    for (int32_t offset = 0; offset < texts.Size(); ++offset) {
+      if (texts.At(offset) == text) return starts_[k] + offset;
     }
   }
   return -1;

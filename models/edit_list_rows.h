@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "models/packed_texts.h"
 #include "models/text_collation.h"
 
 namespace zk {
@@ -14,8 +15,9 @@ namespace zk {
 // The rows of an edit list: an item text and a tag text per row, in two columns that always
 // hold the same number of rows in the same order.
 //
-// The rows are stored in blocks of a few dozen, so that inserting or removing a row anywhere
-// moves the rows of one block only and finding a row by index is a search over the blocks.
+// The rows are stored in blocks of up to a hundred or so, each column of a block packed in one
+// buffer (PackedTexts), so that inserting or removing a row anywhere moves the texts of one
+// block only, and finding a row by index is a search over the blocks.
 //
 // Sorted placement. For a column that takes part in sorted insertions the rows also keep how
 // each row compares with the next one. The column then falls into runs, stretches in which
@@ -45,7 +47,7 @@ class EditListRows {
 
   // A block holds this many rows at most: small enough that moving the rows after an insertion
   // point costs little, large enough that the block index stays short.
-  static constexpr int32_t kDefaultBlockRows = 64;
+  static constexpr int32_t kDefaultBlockRows = 128;
 
   // Without a collation (null) the rows are ordered by OrdinalCaselessCollation. `block_rows`
   // (at least 2) is the size of a full block; tests choose tiny blocks to split and merge often.
@@ -58,18 +60,19 @@ class EditListRows {
 
   int32_t Count() const noexcept { return count_; }
 
-  // The text of row `index` (0 to Count() - 1) in column kItemColumn or kTagColumn.
-  const std::u16string& Text(int column, int32_t index) const;
+  // The text of row `index` (0 to Count() - 1) in column kItemColumn or kTagColumn, valid until
+  // the rows change.
+  std::u16string_view Text(int column, int32_t index) const;
 
   // Inserts a row at `index` (0 to Count()). `placement` is what FindPlacement answered for
   // this very row (its key being the row's text in the placement's column) or null. Comparisons
   // happen before anything changes, so a comparison that throws leaves the rows as they were.
-  void Insert(int32_t index, std::u16string item, std::u16string tag,
+  void Insert(int32_t index, std::u16string_view item, std::u16string_view tag,
               const Placement* placement = nullptr);
   // Removes row `index` (0 to Count() - 1).
   void Erase(int32_t index);
   // Replaces the text of row `index` (0 to Count() - 1) in one column.
-  void SetText(int column, int32_t index, std::u16string text);
+  void SetText(int column, int32_t index, std::u16string_view text);
   void Clear() noexcept;
 
   // The index of the first row whose comparison with `key` (Compare(key, row text)) has the
@@ -85,12 +88,12 @@ class EditListRows {
   void ForgetOrder(int column) noexcept;
   bool KeepsOrder(int column) const noexcept;
 
-  // Calls visit(item, tag) for every row in order.
+  // Calls visit(item, tag) with two std::u16string_view for every row in order.
   template <typename Visit>
   void ForEachRow(Visit&& visit) const {
     for (const Block& block : blocks_) {
-      for (size_t i = 0; i < block.texts[kItemColumn].size(); ++i)
-        visit(block.texts[kItemColumn][i], block.texts[kTagColumn][i]);
+      for (int32_t offset = 0; offset < block.Size(); ++offset)
+        visit(block.texts[kItemColumn].At(offset), block.texts[kTagColumn].At(offset));
     }
   }
 
@@ -100,40 +103,57 @@ class EditListRows {
   enum Relation : uint8_t { kEqual = 0, kBefore = 1, kAfter = 2 };
 
   struct Block {
-    std::array<std::vector<std::u16string>, 2> texts;
+    std::array<PackedTexts, 2> texts;
     std::vector<uint8_t> order;
-    // [column][relation - 1]: the rows of this block that sort before (after) their next row.
-    std::array<std::array<int32_t, 2>, 2> relation_counts{};
 
     int32_t Size() const noexcept { return static_cast<int32_t>(order.size()); }
     Relation RelationAt(int column, int32_t offset) const noexcept;
-    void SetRelation(int column, int32_t offset, Relation relation) noexcept;
-    void Recount() noexcept;
   };
+
+  // [column][relation - 1]: the rows of a block that sort before (after) their next row.
+  using RelationCounts = std::array<std::array<int32_t, 2>, 2>;
 
   struct Location {
     size_t block;
     int32_t offset;
   };
 
+  // Moves the rows of `from` from `first` on to the end of `to`; all or nothing.
+  static void MoveRows(Block& from, int32_t first, Block& to);
   Location Locate(int32_t index) const noexcept;
+  int CompareKey(std::u16string_view key, int column, size_t block, int32_t offset) const;
   Relation Compare(std::u16string_view a, std::u16string_view b) const;
+  void SetRelation(size_t block, int32_t offset, int column, Relation relation) noexcept;
   void SetRelation(int32_t index, int column, Relation relation) noexcept;
+  // Counts the relations of a block afresh after rows moved in or out of it.
+  void Recount(size_t block) noexcept;
+  void InsertBlock(size_t at, Block block);
+  void EraseBlock(size_t at) noexcept;
+  // Block starts from `block` on, after blocks were added, removed or resized.
+  void Renumber(size_t block) noexcept;
   // Forgets everything learnt when the collation's order has changed.
   void CheckGeneration() noexcept;
   void LearnOrder(int column);
   // The last row of the run that `index` starts: the first row from `index` on that `breaking`
   // separates from its next row, or the last row.
   int32_t RunEnd(int column, Relation breaking, int32_t index) const noexcept;
-  void InsertIntoBlocks(int32_t index, std::u16string item, std::u16string tag, uint8_t order);
-  void RenumberFrom(size_t block) noexcept;
+  void InsertIntoBlocks(int32_t index, std::u16string_view item, std::u16string_view tag,
+                        uint8_t order);
+  // Joins the block with a neighbour when both fit in half a block: the block that took the
+  // other's rows, or the number of blocks when none did.
+  size_t MergeSmall(size_t block);
 
   std::shared_ptr<const TextCollation> collation_;
   uint64_t generation_ = 0;
   int32_t max_block_rows_;
   std::vector<Block> blocks_;
-  // The index of the first row of each block.
+  // What the searches read of each block, kept apart from the rows so that a pass over the
+  // blocks reads small contiguous records: the index of each block's first row, and the
+  // relation counts of each block.
   std::vector<int32_t> starts_;
+  std::vector<RelationCounts> relation_counts_;
+  // The relation counts of all blocks: a column without a single break is one run.
+  std::array<std::array<int64_t, 2>, 2> relation_totals_{};
   int32_t count_ = 0;
   std::array<bool, 2> keeps_order_{};
 };

@@ -51,14 +51,14 @@ class RecordingHost final : public IEditListModelHost {
 inline std::vector<std::u16string> ItemsOf(const CEditListModel& model) {
   std::vector<std::u16string> items;
   model.Rows().ForEachRow(
-      [&](const std::u16string& item, const std::u16string&) { items.push_back(item); });
+      [&](std::u16string_view item, std::u16string_view) { items.emplace_back(item); });
   return items;
 }
 
 inline std::vector<std::u16string> TagsOf(const CEditListModel& model) {
   std::vector<std::u16string> tags;
   model.Rows().ForEachRow(
-      [&](const std::u16string&, const std::u16string& tag) { tags.push_back(tag); });
+      [&](std::u16string_view, std::u16string_view tag) { tags.emplace_back(tag); });
   return tags;
 }
 

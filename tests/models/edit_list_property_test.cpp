@@ -235,7 +235,7 @@ class Runner {
     }
     size_t row = 0;
     bool same = true;
-    model_.Rows().ForEachRow([&](const std::u16string& item, const std::u16string& tag) {
+    model_.Rows().ForEachRow([&](std::u16string_view item, std::u16string_view tag) {
       same = same && item == reference_.Items()[row] && tag == reference_.Tags()[row];
       ++row;
     });

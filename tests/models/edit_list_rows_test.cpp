@@ -114,9 +114,9 @@ TEST(EditListRows, BlocksAndRunsMatchPlainVectors) {
       ASSERT_EQ(rows.Count(), static_cast<int32_t>(columns[0].size())) << done;
       Texts items;
       Texts tags;
-      rows.ForEachRow([&](const std::u16string& item, const std::u16string& tag) {
-        items.push_back(item);
-        tags.push_back(tag);
+      rows.ForEachRow([&](std::u16string_view item, std::u16string_view tag) {
+        items.emplace_back(item);
+        tags.emplace_back(tag);
       });
       ASSERT_EQ(items, columns[0]) << "step " << step << " after " << done;
       ASSERT_EQ(tags, columns[1]) << "step " << step << " after " << done;
