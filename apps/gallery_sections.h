@@ -1,5 +1,7 @@
 #pragma once
 
+#include "foundation/signal.h"
+
 namespace zk {
 
 class Form;
@@ -8,5 +10,9 @@ class Form;
 void BuildButtonGallery(Form& form, double left, double top, double width, double height);
 void BuildLampGallery(Form& form, double left, double top, double width, double height);
 void BuildTextGallery(Form& form, double left, double top, double width, double height);
+// Returns the connection of the toggle that enables and disables a frame's contents, which
+// must live as long as the gallery.
+ScopedConnection BuildFrameGallery(Form& form, double left, double top, double width,
+                                   double height);
 
 }  // namespace zk
