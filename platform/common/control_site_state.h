@@ -7,10 +7,10 @@
 #include <utility>
 #include <vector>
 
-#include "platform/form_ambient.h"
-#include "platform/form_extender.h"
+#include "platform/common/form_ambient.h"
+#include "platform/common/form_extender.h"
 #include "platform/host.h"
-#include "platform/platform_recorder.h"
+#include "platform/common/platform_recorder.h"
 
 namespace zk {
 
