@@ -9,7 +9,7 @@
 #include "form_fixture.h"
 #include "foundation/archive_utils.h"
 #include "foundation/text_encoding.h"
-#include "platform/memory_property_bag.h"
+#include "platform/common/memory_property_bag.h"
 
 namespace zk {
 namespace {
