@@ -57,7 +57,7 @@ ScopedConnection BuildFrameGallery(Form& form, double left, double top, double w
   const double row = top + 360;
   const double column = width / 5;
   const double frame_width = column - 150;
-  const double frame_height = 1500;
+  const double frame_height = 1200;
   const std::u16string_view captions[] = {u"On the line", u"Inside the border",
                                           u"Above the border"};
   const zktTextVerticalAlignment placements[] = {zktTextVAlignCenter, zktTextVAlignBottom,
@@ -89,11 +89,11 @@ ScopedConnection BuildFrameGallery(Form& form, double left, double top, double w
   PlaceNote(form, rounded, u"FrameRoundedNote", u"Three pixels wide");
 
   // A frame holding a few controls, and a toggle outside it that enables and disables them.
-  const double second_row = row + frame_height + 240;
+  const double second_row = row + frame_height + 180;
   ZKFrame& settings = PlaceFrame(form, u"FrameSettings", left, second_row, 2 * column + frame_width,
-                                 1050, u"Settings");
+                                 900, u"Settings");
   settings.SetBorderDisables(true);
-  const double inside = settings.TopBorderOffset() + 120;
+  const double inside = settings.TopBorderOffset() + 90;
   auto& prompt = static_cast<ZKLabel&>(
       Place(form, u"ZKLabel", u"FrameSettingsPrompt", 150, inside, 900, 315, u"FrameSettings"));
   prompt.SetCaption(u"Name:");

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <memory>
+
 #include "foundation/signal.h"
+#include "services/timer.h"
 
 namespace zk {
 
@@ -14,5 +17,13 @@ void BuildTextGallery(Form& form, double left, double top, double width, double 
 // must live as long as the gallery.
 ScopedConnection BuildFrameGallery(Form& form, double left, double top, double width,
                                    double height);
+
+// A timer that moves a section's controls while the gallery is live; it goes before the form.
+struct GalleryTicker {
+  ZKCTimer timer;
+  ScopedConnection tick;
+};
+std::unique_ptr<GalleryTicker> BuildProgressGallery(Form& form, double left, double top,
+                                                    double width, double height);
 
 }  // namespace zk

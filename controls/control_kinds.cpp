@@ -8,6 +8,7 @@
 #include "controls/display/frame.h"
 #include "controls/display/label.h"
 #include "controls/display/led.h"
+#include "controls/display/progress_bar.h"
 #include "controls/text/multi_line_text_edit.h"
 #include "controls/text/text_edit.h"
 #include "foundation/dispatch_object.h"
@@ -24,6 +25,7 @@ const std::array kKinds = {
     ControlKind{u"ZKLabel", &Create<ZKLabel>, 1935, 375, true, false, false},
     ControlKind{u"ZKFrame", &Create<ZKFrame>, 2895, 1935, true, false, false, true},
     ControlKind{u"ZKLed", &Create<ZKLed>, 375, 375, false, false, false},
+    ControlKind{u"ZKProgessBar", &Create<ZKProgessBar>, 2415, 375, false, false, false},
     ControlKind{u"ZKColorButton", &Create<ZKColorButton>, 1215, 495, true, true, true},
     ControlKind{u"ZKImgButton", &Create<ZKImgButton>, 1215, 495, true, true, true},
     ControlKind{u"ZKTextEdit", &Create<ZKTextEdit>, 1215, 315, false, true, true},

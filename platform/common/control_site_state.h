@@ -9,8 +9,8 @@
 
 #include "platform/common/form_ambient.h"
 #include "platform/common/form_extender.h"
-#include "platform/host.h"
 #include "platform/common/platform_recorder.h"
+#include "platform/host.h"
 
 namespace zk {
 

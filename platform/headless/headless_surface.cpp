@@ -102,7 +102,7 @@ HeadlessSurface::HeadlessSurface(HeadlessPlatform& platform, FormExtender& exten
 HeadlessSurface::HeadlessSurface(HeadlessPlatform& platform, FormExtender& extender,
                                  HeadlessSurface* owner, HeadlessSurface* container,
                                  WindowHandle parent_window)
-    : SurfaceBase(owner),
+    : PersistentDrawing(owner),
       platform_(platform),
       extender_(extender),
       container_(container),
