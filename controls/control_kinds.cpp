@@ -5,6 +5,7 @@
 
 #include "controls/buttons/color_button.h"
 #include "controls/buttons/image_button.h"
+#include "controls/display/frame.h"
 #include "controls/display/label.h"
 #include "controls/display/led.h"
 #include "controls/display/progress_bar.h"
@@ -22,6 +23,7 @@ std::shared_ptr<ZKControl> Create(IControlSite& site) {
 
 const std::array kKinds = {
     ControlKind{u"ZKLabel", &Create<ZKLabel>, 1935, 375, true, false, false},
+    ControlKind{u"ZKFrame", &Create<ZKFrame>, 2895, 1935, true, false, false, true},
     ControlKind{u"ZKLed", &Create<ZKLed>, 375, 375, false, false, false},
     ControlKind{u"ZKProgessBar", &Create<ZKProgessBar>, 2415, 375, false, false, false},
     ControlKind{u"ZKColorButton", &Create<ZKColorButton>, 1215, 495, true, true, true},

@@ -84,20 +84,28 @@ class KeyTakingTextBox final : public HeadlessTextBox, public IMouseWindow {
 }  // namespace
 
 HeadlessSurface::HeadlessSurface(HeadlessPlatform& platform, FormExtender& extender,
-                                 WindowHandle parent_window)
-    : HeadlessSurface(platform, extender, nullptr, parent_window) {}
+                                 WindowHandle form_window, HeadlessSurface* container)
+    : HeadlessSurface(platform, extender, nullptr, container,
+                      container != nullptr ? container->window_ : form_window) {
+  if (container_ != nullptr) {
+    container_->contained_.push_back(this);
+    container_->elements_->AddWindow(this);
+  }
+}
 
 HeadlessSurface::HeadlessSurface(HeadlessPlatform& platform, FormExtender& extender,
                                  HeadlessSurface& owner)
-    : HeadlessSurface(platform, extender, &owner, owner.window_) {
+    : HeadlessSurface(platform, extender, &owner, nullptr, owner.window_) {
   owner.elements_->AddWindow(this);
 }
 
 HeadlessSurface::HeadlessSurface(HeadlessPlatform& platform, FormExtender& extender,
-                                 HeadlessSurface* owner, WindowHandle parent_window)
+                                 HeadlessSurface* owner, HeadlessSurface* container,
+                                 WindowHandle parent_window)
     : PersistentDrawing(owner),
       platform_(platform),
       extender_(extender),
+      container_(container),
       back_color_(0x8000000F),
       elements_(std::make_shared<MouseDispatcher>(
           MouseDispatcher::SurfaceEvents{&click_, &dbl_click_, &mouse_down_, &mouse_move_,
@@ -117,6 +125,14 @@ HeadlessSurface* HeadlessSurface::OwnerSurface() const {
 
 HeadlessSurface::~HeadlessSurface() {
   if (HeadlessSurface* owner = OwnerSurface()) owner->elements_->RemoveWindow(this);
+  if (container_ != nullptr) {
+    container_->elements_->RemoveWindow(this);
+    std::erase(container_->contained_, this);
+  }
+  // A form takes out what a container holds before the container; should one outlive it,
+  // it no longer points at a surface that is gone.
+  for (HeadlessSurface* contained : contained_)
+    contained->container_ = nullptr;
   DetachFromOwner();
   platform_.Windows().DestroyWindow(window_);
 }
@@ -134,9 +150,11 @@ int32_t HeadlessSurface::BorderPixels() const {
 PixelRect HeadlessSurface::WindowBounds() const {
   const double tpp_x = platform_.Screen().TwipsPerPixelX();
   const double tpp_y = platform_.Screen().TwipsPerPixelY();
-  // A part lies in its owner's inner area, inside the owner's border.
+  // A part lies in its owner's inner area, inside the owner's border, and a contained control
+  // in its container's.
   const HeadlessSurface* owner = OwnerSurface();
-  const int32_t origin = owner != nullptr ? owner->BorderPixels() : 0;
+  const HeadlessSurface* around = owner != nullptr ? owner : container_;
+  const int32_t origin = around != nullptr ? around->BorderPixels() : 0;
   return {origin + ToPixels(extender_.Left(), tpp_x), origin + ToPixels(extender_.Top(), tpp_y),
           origin + ToPixels(extender_.Left() + extender_.Width(), tpp_x),
           origin + ToPixels(extender_.Top() + extender_.Height(), tpp_y)};
@@ -175,13 +193,21 @@ void HeadlessSurface::PlacePartWindows() {
     auto* surface = static_cast<HeadlessSurface*>(part);
     platform_.Windows().MoveWindow(surface->window_, surface->WindowBounds());
   }
+  for (HeadlessSurface* contained : contained_)
+    platform_.Windows().MoveWindow(contained->window_, contained->WindowBounds());
 }
 
 void HeadlessSurface::BringToFront() {
   platform_.Windows().BringToTop(window_);
-  if (HeadlessSurface* owner = OwnerSurface()) {
-    owner->elements_->BringToFront(static_cast<IMouseWindow*>(this));
+  HeadlessSurface* around = OwnerSurface() != nullptr ? OwnerSurface() : container_;
+  if (around != nullptr) around->elements_->BringToFront(static_cast<IMouseWindow*>(this));
+}
+
+bool HeadlessSurface::ContainersLetThrough() const {
+  for (const HeadlessSurface* around = container_; around != nullptr; around = around->container_) {
+    if (!around->extender_.Visible() || !around->enabled_) return false;
   }
+  return true;
 }
 
 void HeadlessSurface::PopupMenu(const Variant&, const Variant&, const Variant&, const Variant&,
@@ -246,7 +272,8 @@ void HeadlessSurface::FollowExtender(std::u16string_view property) {
 }
 
 void HeadlessSurface::Deliver(MouseAction action, int16_t button, int16_t shift, float x, float y) {
-  if (enabled_) elements_->Deliver(action, button, shift, x, y);
+  // A disabled container takes the input of everything inside it, as a disabled window does.
+  if (enabled_ && ContainersLetThrough()) elements_->Deliver(action, button, shift, x, y);
 }
 
 bool HeadlessSurface::TakesMouseAt(double x, double y) const {
@@ -286,7 +313,7 @@ void HeadlessSurface::SetFormFocus(bool focused) {
 }
 
 bool HeadlessSurface::CanTakeFocus() const {
-  return extender_.Visible() && enabled_;
+  return extender_.Visible() && enabled_ && ContainersLetThrough();
 }
 
 bool HeadlessSurface::ShouldHoldFocus() const {

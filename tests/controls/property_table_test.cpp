@@ -41,6 +41,7 @@ struct Companion {
 
 constexpr Companion kCompanions[] = {
     {u"ZKLabel", u"BackColor", u"AmbientBackColor", u"F"},
+    {u"ZKFrame", u"BackColor", u"AmbientBackColor", u"F"},
     {u"ZKTextEdit", u"Locked", u"DesignMode", u"T"},
     {u"ZKTextEdit", u"DesignMode", u"Locked", u""},
     {u"ZKMultiLineTextEdit", u"Locked", u"DesignMode", u"T"},
