@@ -4,19 +4,19 @@
 #include <vector>
 
 #include "platform/form_extender.h"
+#include "platform/headless/headless_key_window.h"
 #include "platform/mouse_dispatcher.h"
 #include "platform/surface_base.h"
 
 namespace zk {
 
 class HeadlessPlatform;
-class HeadlessTextBox;
 
 // A control's area on a headless form: a window in the form's window tree, sized by the
 // control's extender. A border takes one pixel on each side (two with the 3-D appearance).
 // The surface of a part is a window inside its owner's surface, placed in twips of the owner's
 // inner area. Mouse input delivered with Deliver() goes to the topmost window under the point (a
-// part's surface, which passes it on in its own coordinates, or a text box), else to the
+// part's surface, which passes it on in its own coordinates, a text box or a list box), else to the
 // topmost visible and enabled windowless element under it (the one created last), in that
 // element's coordinates, or to the surface itself. The form says when the control has its
 // focus (SetFormFocus); the focus inside the control follows the focus path.
@@ -60,6 +60,8 @@ class HeadlessSurface final : public SurfaceBase, public IMouseWindow {
   std::unique_ptr<ILineElement> CreateLine() override;
   std::unique_ptr<IImageElement> CreateImage() override;
   std::unique_ptr<ITextBoxElement> CreateTextBox(bool multi_line) override;
+  std::unique_ptr<IListBoxElement> CreateListBox() override;
+  std::unique_ptr<IPictureBoxElement> CreatePictureBox() override;
 
   Signal<>& Resized() override { return resized_; }
   Signal<>& Click() override { return click_; }
@@ -76,8 +78,12 @@ class HeadlessSurface final : public SurfaceBase, public IMouseWindow {
   const std::vector<IElement*>& Elements() const { return elements_->Elements(); }
 
   // Delivers one key stroke to the control: to the end of its focus path (a part, or the
-  // control itself), there to its text box when it has one, else to the surface's key events.
+  // control itself), there to the window that takes its keys (a text box or a list box: the one
+  // created, pressed or given the focus last) when it has one, else to the surface's key events.
   void DeliverKey(int16_t key_code, int16_t shift, int16_t character);
+  // Tells the window that takes the keys that it has them, or no longer has them, as the focus
+  // came to or left the surface's own window or the keys moved to another window.
+  void UpdateKeyHolder();
 
   // Delivers one mouse action at (x, y), twips in the control's inner coordinates. While a
   // button is held, the window or element it was pressed on keeps the mouse (as a captured
@@ -85,8 +91,9 @@ class HeadlessSurface final : public SurfaceBase, public IMouseWindow {
   void Deliver(MouseAction action, int16_t button, int16_t shift, float x, float y);
 
   // Where a press at (x, y) (inner twips) puts the focus inside the control: on a part (and
-  // along the parts it remembers, `here` false), on the surface whose text box lies there
-  // (`here` true), or nowhere new (null) when it lies on the control's windowless area.
+  // along the parts it remembers, `here` false), on the surface whose text box or list box lies
+  // there (`here` true; that box takes the keys from now on), or nowhere new (null) when it lies
+  // on the control's windowless area.
   HeadlessSurface* PressFocusTarget(double x, double y, bool& here);
   // The form gives its focus to the control or takes it away.
   void SetFormFocus(bool focused);
@@ -103,6 +110,8 @@ class HeadlessSurface final : public SurfaceBase, public IMouseWindow {
   bool CanTakeFocus() const override;
   bool ShouldHoldFocus() const override;
   void TakeFocusNow() override;
+  void FocusPartChanged() override { UpdateKeyHolder(); }
+  void HoldsFocusChanged() override { UpdateKeyHolder(); }
 
  private:
   HeadlessSurface(HeadlessPlatform& platform, FormExtender& extender, HeadlessSurface* owner,
@@ -142,8 +151,8 @@ class HeadlessSurface final : public SurfaceBase, public IMouseWindow {
   Signal<int16_t> access_key_press_;
   Signal<bool> shown_;
   OLE_COLOR mask_color_ = 0x80000008;
-  // The text box that takes the control's keys (the last one created), while it lives.
-  std::shared_ptr<HeadlessTextBox*> key_target_ = std::make_shared<HeadlessTextBox*>(nullptr);
+  // The window that takes the control's keys, shared with the windows that may take them.
+  std::shared_ptr<HeadlessKeyFocus> keys_ = std::make_shared<HeadlessKeyFocus>();
 };
 
 }  // namespace zk
