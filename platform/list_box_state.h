@@ -25,18 +25,6 @@ inline constexpr unsigned kScrollBars = 4;  // which scroll bars show
 inline constexpr unsigned kLook = 8;        // colours, font, border, row height, extent
 }  // namespace list_box_view
 
-// The scroll bar requests of kVScroll, in the low word of its first value.
-namespace scroll_request {
-inline constexpr int32_t kLineUp = 0;
-inline constexpr int32_t kLineDown = 1;
-inline constexpr int32_t kPageUp = 2;
-inline constexpr int32_t kPageDown = 3;
-inline constexpr int32_t kThumbPosition = 4;  // to the row in the high word
-inline constexpr int32_t kThumbTrack = 5;     // likewise, while the thumb is dragged
-inline constexpr int32_t kTop = 6;
-inline constexpr int32_t kBottom = 7;
-}  // namespace scroll_request
-
 // What a list box is on every platform, over the platform's element base `Base` (an
 // ElementState of IListBoxElement): the rows, the current and the first visible row, the look,
 // the row height, the scroll bars that the size calls for, the list messages of its window and
