@@ -74,6 +74,14 @@ bool HeadlessListBox::HasFocus() const {
   return keys != nullptr && keys->holder == this;
 }
 
+void HeadlessListBox::Changed() {
+  if (Visible() && Enabled()) return;
+  const std::shared_ptr<HeadlessKeyFocus> keys = keys_.lock();
+  if (keys == nullptr || keys->target != this) return;
+  keys->target = nullptr;
+  if (keys->surface != nullptr) keys->surface->UpdateKeyHolder();
+}
+
 bool HeadlessListBox::TakesMouseAt(double x, double y) const {
   return Visible() && Enabled() && Contains(x, y);
 }

@@ -36,6 +36,10 @@ class HeadlessListBox final : public ListBoxState<HeadlessElement<IListBoxElemen
   void DeliverKey(int16_t key_code, int16_t shift, int16_t character) override;
   void KeysChanged(bool has_keys) override { UserFocus(has_keys); }
 
+ protected:
+  // A box that is hidden or disabled gives up the keys: the control's own window keeps them.
+  void Changed() override;
+
  private:
   HeadlessPlatform& platform_;
   std::weak_ptr<MouseDispatcher> windows_;

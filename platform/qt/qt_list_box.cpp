@@ -277,6 +277,13 @@ void QtListBox::Changed() {
   const auto top = static_cast<int>(std::lround(origin.y()));
   view_->setGeometry(left, top, static_cast<int>(std::lround(end.x())) - left,
                      static_cast<int>(std::lround(end.y())) - top);
+  // A box that is hidden or disabled gives up the focus: the control's own window keeps it
+  // (Qt would pass it on to whatever widget comes next).
+  if ((!Visible() || !Enabled()) && surface_.OwnFocusWidget() == view_) {
+    const bool had_focus = view_->hasFocus();
+    surface_.SetOwnFocusWidget(nullptr);
+    if (had_focus && surface_.Widget() != nullptr) surface_.Widget()->setFocus();
+  }
   if (view_->isHidden() == Visible()) view_->setVisible(Visible());
   if (view_->isEnabled() != Enabled()) view_->setEnabled(Enabled());
 }

@@ -71,6 +71,12 @@ class ListBoxTest : public testing::Test {
     }
   }
 
+  // The name of the control that has the form's focus.
+  std::u16string Focused() {
+    ZKControl* focused = host_.form.FocusedControl();
+    return focused ? focused->Name() : u"(none)";
+  }
+
   // The events since the last call.
   std::vector<std::u16string> Events() { return std::exchange(events_, {}); }
 

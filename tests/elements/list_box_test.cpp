@@ -496,13 +496,28 @@ TYPED_TEST(ListBoxElementTest, TheBoxTakesTheKeysWhenPressedOrGivenTheFocusAndGi
   ASSERT_TRUE(this->host_.form.Focus(u"Before"));
   ASSERT_TRUE(this->host_.form.Focus(u"C"));
   EXPECT_EQ(this->Events(), (Lines{u"LostFocus", u"GotFocus"}));
-  // A hidden or disabled box cannot take the focus.
+  // A hidden or disabled box cannot take the focus, and gives it up to the control's own
+  // window, where the keys then go.
   second->SetVisible(false);
   EXPECT_FALSE(second->SetFocus());
   second->SetVisible(true);
   second->SetEnabled(false);
   EXPECT_FALSE(second->SetFocus());
   EXPECT_TRUE(first.HasFocus());
+  first.SetEnabled(false);
+  EXPECT_FALSE(first.HasFocus());
+  EXPECT_EQ(this->Focused(), u"C");
+  EXPECT_TRUE(this->surface_->HasFocus());
+  EXPECT_EQ(this->composite_->FocusedPart(), u"");
+  this->host_.form.TypeKeys(u"{DOWN}");
+  EXPECT_EQ(first.ListIndex(), 0);
+  EXPECT_EQ(this->Events(), (Lines{u"LostFocus"}));
+  first.SetEnabled(true);
+  EXPECT_TRUE(first.SetFocus());
+  EXPECT_EQ(this->Events(), (Lines{u"GotFocus"}));
+  first.SetVisible(false);
+  EXPECT_FALSE(first.HasFocus());
+  EXPECT_EQ(this->Events(), (Lines{u"LostFocus"}));
 }
 
 TYPED_TEST(ListBoxElementTest, TheBoxIsAWindowOfTheControlAboveItsWindowlessElements) {
