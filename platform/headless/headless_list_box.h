@@ -2,11 +2,11 @@
 
 #include <memory>
 
+#include "platform/common/list_box_state.h"
+#include "platform/common/mouse_dispatcher.h"
 #include "platform/elements.h"
 #include "platform/headless/headless_element.h"
 #include "platform/headless/headless_key_window.h"
-#include "platform/list_box_state.h"
-#include "platform/mouse_dispatcher.h"
 
 namespace zk {
 

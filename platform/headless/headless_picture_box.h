@@ -2,10 +2,10 @@
 
 #include <memory>
 
+#include "platform/common/mouse_dispatcher.h"
+#include "platform/common/picture_box_state.h"
 #include "platform/elements.h"
 #include "platform/headless/headless_element.h"
-#include "platform/mouse_dispatcher.h"
-#include "platform/picture_box_state.h"
 
 namespace zk {
 

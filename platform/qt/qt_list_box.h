@@ -3,9 +3,9 @@
 #include <QWidget>
 #include <string_view>
 
-#include "platform/element_state.h"
+#include "platform/common/element_state.h"
+#include "platform/common/list_box_state.h"
 #include "platform/elements.h"
-#include "platform/list_box_state.h"
 
 namespace zk {
 

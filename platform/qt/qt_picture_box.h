@@ -3,10 +3,10 @@
 #include <QWidget>
 #include <string_view>
 
-#include "platform/element_state.h"
+#include "platform/common/element_state.h"
+#include "platform/common/mouse_dispatcher.h"
+#include "platform/common/picture_box_state.h"
 #include "platform/elements.h"
-#include "platform/mouse_dispatcher.h"
-#include "platform/picture_box_state.h"
 
 namespace zk {
 

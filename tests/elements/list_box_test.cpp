@@ -2,8 +2,8 @@
 #include <string>
 #include <vector>
 
-#include "foundation/gui_utils.h"
-#include "foundation/subclass.h"
+#include "services/gui_utils.h"
+#include "services/subclass.h"
 #include "list_box_fixture.h"
 #include "platform/platform.h"
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "foundation/subclass.h"
+#include "services/subclass.h"
 #include "list_box_fixture.h"
 #include "platform/qt/qt_colors.h"
 

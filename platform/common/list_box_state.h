@@ -9,9 +9,9 @@
 #include <utility>
 #include <vector>
 
+#include "platform/common/procedure_window_system.h"
 #include "platform/elements.h"
 #include "platform/font_catalogue.h"
-#include "platform/procedure_window_system.h"
 #include "platform/screen.h"
 #include "platform/window_messages.h"
 
