@@ -14,6 +14,8 @@
 #include "platform/qt/qt_input.h"
 #include "platform/qt/qt_label.h"
 #include "platform/qt/qt_line.h"
+#include "platform/qt/qt_list_box.h"
+#include "platform/qt/qt_picture_box.h"
 #include "platform/qt/qt_platform.h"
 #include "platform/qt/qt_shape.h"
 #include "platform/qt/qt_text.h"
@@ -347,7 +349,32 @@ QtSurface* QtSurface::PressFocusTarget(QWidget* widget, bool& here) {
     here = false;
   }
   if (surface == this && !here) return nullptr;
+  if (here) {
+    // The box pressed on (the child of the surface's widget that holds the widget) takes the
+    // surface's focus, before the focus moves.
+    QWidget* box = widget;
+    while (box->parentWidget() != nullptr && box->parentWidget() != surface->widget_)
+      box = box->parentWidget();
+    if (box->parentWidget() == surface->widget_ && (box->focusPolicy() & Qt::ClickFocus)) {
+      surface->SetOwnFocusWidget(box);
+    }
+  }
   return surface;
+}
+
+QWidget* QtSurface::OwnFocusWidget() const {
+  if (widget_ == nullptr) return nullptr;
+  return proxy_is_part_ ? own_focus_proxy_.data() : widget_->focusProxy();
+}
+
+void QtSurface::SetOwnFocusWidget(QWidget* widget) {
+  if (widget_ == nullptr) return;
+  // While a part has the focus inside the control, the box is where it goes when it comes back.
+  if (proxy_is_part_) {
+    own_focus_proxy_ = widget;
+  } else {
+    widget_->setFocusProxy(widget);
+  }
 }
 
 bool QtSurface::CanTakeFocus() const {
@@ -443,6 +470,14 @@ namespace zk {
 
 std::unique_ptr<ITextBoxElement> QtSurface::CreateTextBox(bool multi_line) {
   return std::make_unique<QtTextBox>(*this, multi_line);
+}
+
+std::unique_ptr<IListBoxElement> QtSurface::CreateListBox() {
+  return std::make_unique<QtListBox>(*this);
+}
+
+std::unique_ptr<IPictureBoxElement> QtSurface::CreatePictureBox() {
+  return std::make_unique<QtPictureBox>(*this);
 }
 
 }  // namespace zk

@@ -91,6 +91,8 @@ class QtSurface final : public PersistentDrawing<SurfaceBase> {
   std::unique_ptr<ILineElement> CreateLine() override;
   std::unique_ptr<IImageElement> CreateImage() override;
   std::unique_ptr<ITextBoxElement> CreateTextBox(bool multi_line) override;
+  std::unique_ptr<IListBoxElement> CreateListBox() override;
+  std::unique_ptr<IPictureBoxElement> CreatePictureBox() override;
 
   Signal<>& Resized() override { return resized_; }
   Signal<>& Click() override { return click_; }
@@ -118,9 +120,14 @@ class QtSurface final : public PersistentDrawing<SurfaceBase> {
   // Follows Qt's focus: the surface (of this control's tree) that has it becomes the end of
   // the focus path, and the surfaces raise GotFocus and LostFocus as they gain or lose it.
   void RefreshFocus();
+  // The widget of the surface's own window that takes the focus when the surface does (a text
+  // box or a list box; null for the surface's widget itself), also while a part has it.
+  QWidget* OwnFocusWidget() const;
+  void SetOwnFocusWidget(QWidget* widget);
   // Where a press on `widget` (inside this control) puts the focus inside the control: on a
-  // part (along the parts it remembers, `here` false), on the surface whose text box it is
-  // (`here` true), or nowhere new (null) on the control's own area.
+  // part (along the parts it remembers, `here` false), on the surface whose text box or list
+  // box it is (`here` true; that box gets the surface's focus from now on), or nowhere new
+  // (null) on the control's own area.
   QtSurface* PressFocusTarget(QWidget* widget, bool& here);
 
  protected:
