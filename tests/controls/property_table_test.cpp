@@ -28,7 +28,8 @@ bool Readable(const PropertyRow& row) {
 
 // Properties whose archive elements act together. Reading BackColor switches AmbientBackColor
 // off, and its own element, read after it, takes the container's colour again unless it is F;
-// DesignMode locks or unlocks a text edit, and it is read after Locked.
+// DesignMode locks or unlocks a text edit, and it is read after Locked. A slider's Min brings
+// its Value up with it, and switching AmbientBackColor on takes the container's colour.
 struct Companion {
   std::u16string_view kind;
   std::u16string_view property;
@@ -43,6 +44,8 @@ constexpr Companion kCompanions[] = {
     {u"ZKTextEdit", u"DesignMode", u"Locked", u""},
     {u"ZKMultiLineTextEdit", u"Locked", u"DesignMode", u"T"},
     {u"ZKMultiLineTextEdit", u"DesignMode", u"Locked", u""},
+    {u"ZKSlider", u"Min", u"Value", u""},
+    {u"ZKSlider", u"AmbientBackColor", u"BackColor", u""},
 };
 
 const Companion* CompanionOf(std::u16string_view kind, std::u16string_view property) {
