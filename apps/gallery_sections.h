@@ -8,5 +8,6 @@ class Form;
 void BuildButtonGallery(Form& form, double left, double top, double width, double height);
 void BuildLampGallery(Form& form, double left, double top, double width, double height);
 void BuildTextGallery(Form& form, double left, double top, double width, double height);
+void BuildSliderGallery(Form& form, double left, double top, double width, double height);
 
 }  // namespace zk
