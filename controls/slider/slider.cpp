@@ -167,6 +167,23 @@ void ZKSlider::ConnectJog(Button& jog, bool increment) {
   connections_.push_back(jog.Surface().GotFocus().Connect([this] { FocusThumb(); }));
 }
 
+const ZKSlider::Button* ZKSlider::FindPart(std::u16string_view name) const {
+  for (const Button* part : {&cmd_decrement_, &cmd_increment_, &cmd_slider_}) {
+    if (MemberNameEquals((*part)->Name(), name)) return part;
+  }
+  return nullptr;
+}
+
+DispatchObject* ZKSlider::PartExtender(std::u16string_view name) const {
+  const Button* part = FindPart(name);
+  return part ? &part->Extender() : nullptr;
+}
+
+ISurface* ZKSlider::PartSurface(std::u16string_view name) const {
+  const Button* part = FindPart(name);
+  return part ? &part->Surface() : nullptr;
+}
+
 // ---- Automation ----
 
 const PropertyTable& ZKSlider::Properties() const {

@@ -122,10 +122,14 @@ class ZKSlider final : public ZKControl {
   ControlEvent<int16_t&, int16_t&, float&, float&> MouseUp{EventRaised(), u"MouseUp"};
   ControlEvent<> Change{EventRaised(), u"Change"};
 
-  // The pieces, for hosts and tests that look at what is shown.
-  const ZKColorButton& DecrementJog() const { return *cmd_decrement_; }
-  const ZKColorButton& IncrementJog() const { return *cmd_increment_; }
-  const ZKColorButton& Thumb() const { return *cmd_slider_; }
+  // The pieces, for hosts and tests that look at what is shown or drive a part directly.
+  ZKColorButton& DecrementJog() const { return *cmd_decrement_; }
+  ZKColorButton& IncrementJog() const { return *cmd_increment_; }
+  ZKColorButton& Thumb() const { return *cmd_slider_; }
+  // A part's extender (its place in twips of the inner area, its tooltip) and its surface, by
+  // the part's name ("cmdDecrement", "cmdIncrement", "cmdSlider"); null for another name.
+  DispatchObject* PartExtender(std::u16string_view name) const;
+  ISurface* PartSurface(std::u16string_view name) const;
   const ILineElement& GuideLine() const { return *lin_guide_; }
   const IShapeElement& BorderShape() const { return *shp_border_; }
   // The length along which the thumb's leading edge travels, twips.
@@ -152,6 +156,7 @@ class ZKSlider final : public ZKControl {
     double height = 0;
   };
 
+  const Button* FindPart(std::u16string_view name) const;
   void ConnectParts();
   void ConnectButton(Button& button);
   void ConnectJog(Button& jog, bool increment);
