@@ -7,6 +7,7 @@
 
 #include "foundation/archive_utils.h"
 #include "foundation/zk_error.h"
+#include "hosting/archive_explainer.h"
 #include "platform/memory_property_bag.h"
 #include "tests/slider/slider_fixture.h"
 
@@ -406,6 +407,25 @@ TEST_F(SliderTest, MethodsAndMembersByName) {
   } catch (const ZKError& error) {
     EXPECT_EQ(error.Number(), 438);
   }
+}
+
+TEST_F(SliderTest, TheArchiveExplainerKnowsTheSlidersElements) {
+  ZKSlider& slider = Place(u"S");
+  slider.SetDecimalSep(u",");
+  const std::vector<std::u16string> lines =
+      ExplainArchive(form_, u"zkslider", slider.GetArchiveStr());
+  ASSERT_FALSE(lines.empty());
+  EXPECT_EQ(lines.front(), u"ZKSlider: 29 elements expected, 29 found");
+  auto line_of = [&](std::u16string_view start) {
+    for (const std::u16string& line : lines) {
+      if (line.starts_with(start)) return line;
+    }
+    return std::u16string();
+  };
+  EXPECT_NE(line_of(u"  1  Direction"), u"");
+  EXPECT_NE(line_of(u" 14  DecimalSep").find(u"\",\""), std::u16string::npos);
+  EXPECT_NE(line_of(u" 28  MinInterval"), u"");
+  EXPECT_EQ(lines.back(), u"ParseArchiveStr: True");
 }
 
 }  // namespace
