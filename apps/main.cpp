@@ -1,5 +1,8 @@
 // zkcontrols: the program of ZKBaseGUIControls (gallery, script host, archive tools).
 #include <cstdio>
+#include <iostream>
+#include <optional>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,6 +29,7 @@ constexpr const char* kUsage =
     "                                 run a script of statements (standard input for - or none)\n"
     "  archive explain KIND STRING    explain an archive string of a control kind\n"
     "  archive split STRING           list the elements of an archive string\n"
+    "                                 (STRING - reads it from standard input, as long as it is)\n"
     "  kinds                          list the control kinds\n"
     "  help                           this text\n";
 
@@ -54,6 +58,25 @@ int Gallery(const std::vector<std::string_view>& args) {
 
 int Script(const std::vector<std::string_view>& args) {
   return zk::RunScriptCommand(args, "zkcontrols");
+}
+
+// The archive string of the command line, or of standard input for "-" (a string longer than
+// the system lets one argument be). A final line break of the input is not part of it.
+std::optional<std::string> ArchiveArgument(std::string_view argument) {
+  std::string text(argument);
+  if (argument == "-") {
+    std::stringstream input;
+    input << std::cin.rdbuf();
+    text = input.str();
+    if (!text.empty() && text.back() == '\n') text.pop_back();
+    if (!text.empty() && text.back() == '\r') text.pop_back();
+  }
+  if (const std::optional<size_t> offset = zk::FindNonText(text)) {
+    std::fprintf(stderr, "zkcontrols: the archive string is not text (byte %zu is not UTF-8)\n",
+                 *offset);
+    return std::nullopt;
+  }
+  return text;
 }
 
 int ArchiveExplain(std::string_view kind, std::string_view archive) {
@@ -100,9 +123,13 @@ int main(int argc, char** argv) {
     return 0;
   }
   if (command == "archive" && rest.size() == 3 && rest[0] == "explain") {
-    return ArchiveExplain(rest[1], rest[2]);
+    const std::optional<std::string> archive = ArchiveArgument(rest[2]);
+    return archive ? ArchiveExplain(rest[1], *archive) : 2;
   }
-  if (command == "archive" && rest.size() == 2 && rest[0] == "split") return ArchiveSplit(rest[1]);
+  if (command == "archive" && rest.size() == 2 && rest[0] == "split") {
+    const std::optional<std::string> archive = ArchiveArgument(rest[1]);
+    return archive ? ArchiveSplit(*archive) : 2;
+  }
   std::fprintf(stderr, "zkcontrols: unknown command or arguments: %s\n\n%s",
                std::string(command).c_str(), kUsage);
   return 2;

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "controls/text/platform_text_rules.h"
-#include "controls/text/typed_text_model.h"
+#include "models/typed_text_model.h"
 #include "platform/icu/icu_locale.h"
 
 // The cost of one keystroke in a typed editor: the character filter, then the validity test of

@@ -48,6 +48,39 @@ void AppendUtf8(std::string& out, char32_t cp) {
   }
 }
 
+// The code point that starts at `i` and the number of bytes it takes, or 0 for a byte that
+// starts no valid sequence (a stray continuation, a truncated or overlong sequence, a surrogate).
+size_t DecodeUtf8(std::string_view text, size_t i, char32_t& cp) {
+  const auto lead = static_cast<uint8_t>(text[i]);
+  int extra = 0;
+  if (lead < 0x80) {
+    cp = lead;
+    return 1;
+  }
+  if ((lead & 0xE0) == 0xC0) {
+    extra = 1;
+    cp = lead & 0x1F;
+  } else if ((lead & 0xF0) == 0xE0) {
+    extra = 2;
+    cp = lead & 0x0F;
+  } else if ((lead & 0xF8) == 0xF0) {
+    extra = 3;
+    cp = lead & 0x07;
+  } else {
+    return 0;
+  }
+  if (i + static_cast<size_t>(extra) >= text.size()) return 0;
+  for (int k = 1; k <= extra; ++k) {
+    const auto next = static_cast<uint8_t>(text[i + static_cast<size_t>(k)]);
+    if ((next & 0xC0) != 0x80) return 0;
+    cp = (cp << 6) | (next & 0x3F);
+  }
+  const bool overlong =
+      (extra == 1 && cp < 0x80) || (extra == 2 && cp < 0x800) || (extra == 3 && cp < 0x10000);
+  if (overlong || cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF)) return 0;
+  return static_cast<size_t>(extra) + 1;
+}
+
 }  // namespace
 
 std::u16string Utf8ToUtf16(std::string_view text) {
@@ -55,50 +88,28 @@ std::u16string Utf8ToUtf16(std::string_view text) {
   out.reserve(text.size());
   size_t i = 0;
   while (i < text.size()) {
-    const auto lead = static_cast<uint8_t>(text[i]);
-    int extra = 0;
     char32_t cp = 0;
-    if (lead < 0x80) {
-      cp = lead;
-    } else if ((lead & 0xE0) == 0xC0) {
-      extra = 1;
-      cp = lead & 0x1F;
-    } else if ((lead & 0xF0) == 0xE0) {
-      extra = 2;
-      cp = lead & 0x0F;
-    } else if ((lead & 0xF8) == 0xF0) {
-      extra = 3;
-      cp = lead & 0x07;
-    } else {
-      out.push_back(static_cast<char16_t>(kReplacement));
-      ++i;
-      continue;
-    }
-    if (i + static_cast<size_t>(extra) >= text.size()) {
-      out.push_back(static_cast<char16_t>(kReplacement));
-      ++i;
-      continue;
-    }
-    bool valid = true;
-    for (int k = 1; k <= extra; ++k) {
-      const auto next = static_cast<uint8_t>(text[i + static_cast<size_t>(k)]);
-      if ((next & 0xC0) != 0x80) {
-        valid = false;
-        break;
-      }
-      cp = (cp << 6) | (next & 0x3F);
-    }
-    const bool overlong =
-        (extra == 1 && cp < 0x80) || (extra == 2 && cp < 0x800) || (extra == 3 && cp < 0x10000);
-    if (!valid || overlong || cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF)) {
+    const size_t length = DecodeUtf8(text, i, cp);
+    if (length == 0) {
       out.push_back(static_cast<char16_t>(kReplacement));
       ++i;
       continue;
     }
     AppendUtf16(out, cp);
-    i += static_cast<size_t>(extra) + 1;
+    i += length;
   }
   return out;
+}
+
+std::optional<size_t> FindNonText(std::string_view text) {
+  size_t i = 0;
+  while (i < text.size()) {
+    char32_t cp = 0;
+    const size_t length = DecodeUtf8(text, i, cp);
+    if (length == 0 || cp == 0) return i;
+    i += length;
+  }
+  return std::nullopt;
 }
 
 std::string Utf16ToUtf8(std::u16string_view text) {

@@ -14,6 +14,10 @@ namespace zk {
 std::u16string Utf8ToUtf16(std::string_view text);
 std::string Utf16ToUtf8(std::u16string_view text);
 
+// Where bytes that are not text start: the offset of the first NUL byte or invalid UTF-8
+// sequence, nothing for text. Programs refuse such files instead of reading garbage.
+std::optional<size_t> FindNonText(std::string_view text);
+
 // Base64 with padding (RFC 4648), for binary data inside text files; decoding gives nothing for
 // text that is not Base64 (blanks included).
 std::string Base64Encode(std::span<const uint8_t> bytes);

@@ -1,9 +1,9 @@
 // The automation entries of the members that every control shares.
 #include <string>
 
-#include "foundation/gui_utils.h"
 #include "foundation/zk_error.h"
 #include "framework/control.h"
+#include "services/gui_utils.h"
 
 namespace zk {
 namespace {

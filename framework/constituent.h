@@ -5,7 +5,7 @@
 
 #include "foundation/variant.h"
 #include "framework/control.h"
-#include "platform/form_extender.h"
+#include "platform/bindable_extender.h"
 #include "platform/host.h"
 
 namespace zk {
@@ -26,7 +26,7 @@ class Constituent {
       : owner_surface_(owner_site.Surface()),
         site_(owner_site.CreateChildSite(name)),
         part_(std::make_unique<T>(*site_)) {
-    if (auto* extender = dynamic_cast<FormExtender*>(&site_->Extender())) {
+    if (auto* extender = dynamic_cast<IBindableExtender*>(&site_->Extender())) {
       T& part = *part_;
       extender->BindEnabled([&part] { return part.Enabled(); },
                             [&part](bool enabled) { part.SetEnabled(enabled); });
@@ -55,7 +55,7 @@ class Constituent {
   // Places the part in one step (twips of the owner's inner area); nothing after Reset.
   void Move(double left, double top, double width, double height) {
     if (!site_) return;
-    if (auto* extender = dynamic_cast<FormExtender*>(&site_->Extender())) {
+    if (auto* extender = dynamic_cast<IBindableExtender*>(&site_->Extender())) {
       extender->Move(left, top, width, height);
       return;
     }

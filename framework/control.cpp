@@ -5,9 +5,9 @@
 
 #include "foundation/archive_utils.h"
 #include "foundation/debug_utils.h"
-#include "foundation/gui_utils.h"
 #include "foundation/zk_error.h"
 #include "platform/platform.h"
+#include "services/gui_utils.h"
 
 namespace zk {
 namespace {

@@ -5,7 +5,7 @@
 #include <span>
 #include <string_view>
 
-#include "framework/enumerations.h"
+#include "enumerations/enumerations.h"
 
 namespace zk {
 

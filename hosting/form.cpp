@@ -7,7 +7,7 @@
 #include "foundation/dispatch_object.h"
 #include "foundation/flag_scope.h"
 #include "foundation/zk_error.h"
-#include "platform/form_extender.h"
+#include "platform/common/form_extender.h"
 #include "platform/platform.h"
 
 namespace zk {

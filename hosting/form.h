@@ -10,9 +10,9 @@
 #include "framework/control.h"
 #include "hosting/form_file.h"
 #include "hosting/send_keys.h"
+#include "platform/common/form_ambient.h"
+#include "platform/common/platform_recorder.h"
 #include "platform/elements.h"
-#include "platform/form_ambient.h"
-#include "platform/platform_recorder.h"
 
 namespace zk {
 

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/common/memory_property_bag.h"
 #include "platform/font_catalogue.h"
-#include "platform/memory_property_bag.h"
 #include "platform/picture.h"
 
 namespace zk {

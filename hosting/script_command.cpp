@@ -1,8 +1,10 @@
 #include "hosting/script_command.h"
 
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <optional>
 #include <sstream>
 #include <string>
 
@@ -44,13 +46,20 @@ int RunScriptCommand(std::span<const std::string_view> args, std::string_view pr
     script = input.str();
   } else {
     std::ifstream input{std::string(file), std::ios::binary};
-    if (!input) {
+    std::error_code error;
+    if (!input || std::filesystem::is_directory(std::string(file), error)) {
       std::fprintf(stderr, "%s: cannot read %s\n", name.c_str(), std::string(file).c_str());
       return 2;
     }
     std::stringstream contents;
     contents << input.rdbuf();
     script = contents.str();
+  }
+  // A binary file read as statements would print one syntax error per garbage line.
+  if (const std::optional<size_t> offset = FindNonText(script)) {
+    std::fprintf(stderr, "%s: %s is not a text file (byte %zu is not UTF-8 text)\n", name.c_str(),
+                 file == "-" ? "standard input" : std::string(file).c_str(), *offset);
+    return 2;
   }
   int status = 0;
   if (platform_name == "qt") {

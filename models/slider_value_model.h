@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "framework/enumerations.h"
+#include "enumerations/enumerations.h"
 
 // The number behind a slider: its limits, the rules every change of the value passes through
 // (clamping, quantisation to MinInterval, stepping by Step), the text on the thumb, and the

@@ -3,10 +3,10 @@
 #include <array>
 #include <utility>
 
-#include "foundation/gui_utils.h"
 #include "foundation/low_level_utils.h"
 #include "framework/layout_steps.h"
 #include "platform/platform.h"
+#include "services/gui_utils.h"
 
 namespace zk {
 namespace {

@@ -6,9 +6,9 @@
 #include <utility>
 #include <vector>
 
+#include "enumerations/enumerations.h"
 #include "framework/control.h"
 #include "framework/element_mouse_relay.h"
-#include "framework/enumerations.h"
 #include "platform/elements.h"
 
 namespace zk {

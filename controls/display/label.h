@@ -4,10 +4,10 @@
 #include <memory>
 #include <string>
 
+#include "enumerations/enumerations.h"
 #include "framework/ambient_back_color.h"
 #include "framework/control.h"
 #include "framework/element_mouse_relay.h"
-#include "framework/enumerations.h"
 #include "platform/elements.h"
 
 namespace zk {

@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <memory>
 
-#include "foundation/timer.h"
 #include "framework/control.h"
 #include "platform/elements.h"
+#include "services/timer.h"
 
 namespace zk {
 

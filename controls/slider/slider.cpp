@@ -10,7 +10,6 @@
 #include "foundation/low_level_utils.h"
 #include "foundation/zk_error.h"
 #include "framework/layout_steps.h"
-#include "platform/form_extender.h"
 #include "platform/platform.h"
 #include "platform/window_messages.h"
 
@@ -556,21 +555,25 @@ int32_t ZKSlider::hDC() const {
 
 // ---- Layout ----
 
-ZKSlider::Bounds ZKSlider::BoundsOf(const Button& part) {
-  if (const auto* extender = dynamic_cast<const FormExtender*>(&part.Extender())) {
-    return {extender->Left(), extender->Top(), extender->Width(), extender->Height()};
-  }
-  DispatchObject& extender = part.Extender();
-  return {extender.GetProperty(u"Left").ToDouble(), extender.GetProperty(u"Top").ToDouble(),
-          extender.GetProperty(u"Width").ToDouble(), extender.GetProperty(u"Height").ToDouble()};
+ZKSlider::Bounds ZKSlider::*ZKSlider::PlaceOf(const Button& part) const {
+  if (&part == &cmd_decrement_) return &ZKSlider::decrement_at_;
+  if (&part == &cmd_increment_) return &ZKSlider::increment_at_;
+  return &ZKSlider::thumb_at_;
+}
+
+const ZKSlider::Bounds& ZKSlider::BoundsOf(const Button& part) const {
+  return this->*PlaceOf(part);
 }
 
 void ZKSlider::PlacePart(Button& part, double left, double top, double width, double height) {
   const IScreen& screen = CurrentPlatform().Screen();
   const double x = screen.TwipsPerPixelX();
   const double y = screen.TwipsPerPixelY();
-  part.Move(OnWholePixels(left, x), OnWholePixels(top, y), OnWholePixels(width, x),
-            OnWholePixels(height, y));
+  const Bounds at{OnWholePixels(left, x), OnWholePixels(top, y), OnWholePixels(width, x),
+                  OnWholePixels(height, y)};
+  part.Move(at.left, at.top, at.width, at.height);
+  // Only the slider moves its parts (their extenders are its own): it keeps where they are.
+  this->*PlaceOf(part) = at;
 }
 
 bool ZKSlider::Horizontal() const {

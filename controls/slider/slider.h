@@ -6,14 +6,14 @@
 #include <vector>
 
 #include "controls/buttons/color_button.h"
-#include "foundation/subclass.h"
-#include "foundation/timer.h"
+#include "enumerations/enumerations.h"
 #include "framework/ambient_back_color.h"
 #include "framework/constituent.h"
 #include "framework/control.h"
-#include "framework/enumerations.h"
 #include "models/slider_value_model.h"
 #include "platform/elements.h"
+#include "services/subclass.h"
+#include "services/timer.h"
 
 namespace zk {
 
@@ -160,8 +160,10 @@ class ZKSlider final : public ZKControl {
   void ConnectParts();
   void ConnectButton(Button& button);
   void ConnectJog(Button& jog, bool increment);
-  static Bounds BoundsOf(const Button& part);
-  static void PlacePart(Button& part, double left, double top, double width, double height);
+  // Where a part is, as the slider last placed it (twips of the inner area).
+  const Bounds& BoundsOf(const Button& part) const;
+  Bounds ZKSlider::*PlaceOf(const Button& part) const;
+  void PlacePart(Button& part, double left, double top, double width, double height);
   SliderMeasures Measure() const;
   bool Horizontal() const;
   bool Vertical() const;
@@ -197,6 +199,9 @@ class ZKSlider final : public ZKControl {
   AmbientBackColorBinding ambient_back_color_;
   ZKCTimer timer_;
   ZKCSubclass subclass_;
+  Bounds decrement_at_;
+  Bounds increment_at_;
+  Bounds thumb_at_;
   std::u16string caption_;
   OLE_COLOR back_color_ = 0xFFFFFF;
   zktCmdBorderStyle border_style_ = zktBSNone;

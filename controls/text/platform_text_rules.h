@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "controls/text/typed_text_model.h"
+#include "models/typed_text_model.h"
 #include "platform/locale.h"
 
 namespace zk {

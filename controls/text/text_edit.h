@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "controls/text/platform_text_rules.h"
-#include "controls/text/typed_text_model.h"
+#include "enumerations/enumerations.h"
 #include "framework/control.h"
 #include "framework/element_mouse_relay.h"
-#include "framework/enumerations.h"
+#include "models/typed_text_model.h"
 #include "platform/elements.h"
 
 namespace zk {

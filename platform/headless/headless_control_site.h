@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/control_site_state.h"
+#include "platform/common/control_site_state.h"
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/headless_surface.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/element_state.h"
+#include "platform/common/element_state.h"
 
 namespace zk {
 

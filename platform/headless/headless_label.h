@@ -2,9 +2,9 @@
 
 #include <string>
 
+#include "platform/common/label_state.h"
 #include "platform/elements.h"
 #include "platform/headless/headless_element.h"
-#include "platform/label_state.h"
 
 namespace zk {
 

@@ -5,13 +5,13 @@
 #include <string>
 
 #include "foundation/debug_utils.h"
+#include "platform/common/platform_recorder.h"
 #include "platform/headless/headless_font_catalogue.h"
 #include "platform/headless/headless_picture_loader.h"
 #include "platform/headless/headless_screen.h"
 #include "platform/headless/headless_timer_service.h"
 #include "platform/headless/headless_window_system.h"
 #include "platform/platform.h"
-#include "platform/platform_recorder.h"
 
 namespace zk {
 

@@ -2,7 +2,7 @@
 
 #include <map>
 
-#include "platform/platform_recorder.h"
+#include "platform/common/platform_recorder.h"
 #include "platform/screen.h"
 
 namespace zk {

@@ -3,9 +3,9 @@
 #include <memory>
 #include <vector>
 
-#include "platform/form_extender.h"
-#include "platform/mouse_dispatcher.h"
-#include "platform/surface_base.h"
+#include "platform/common/form_extender.h"
+#include "platform/common/mouse_dispatcher.h"
+#include "platform/common/surface_base.h"
 
 namespace zk {
 

@@ -4,9 +4,9 @@
 #include <cstdlib>
 #include <string>
 
+#include "platform/common/text_box_editor.h"
 #include "platform/elements.h"
 #include "platform/headless/headless_element.h"
-#include "platform/text_box_editor.h"
 
 namespace zk {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/procedure_window_system.h"
+#include "platform/common/procedure_window_system.h"
 
 namespace zk {
 

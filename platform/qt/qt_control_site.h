@@ -3,7 +3,7 @@
 #include <QWidget>
 #include <string>
 
-#include "platform/control_site_state.h"
+#include "platform/common/control_site_state.h"
 #include "platform/qt/qt_platform.h"
 #include "platform/qt/qt_surface.h"
 

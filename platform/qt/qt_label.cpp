@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/mnemonic.h"
+#include "platform/common/mnemonic.h"
 #include "platform/qt/qt_colors.h"
 #include "platform/qt/qt_platform.h"
 #include "platform/qt/qt_surface.h"

@@ -5,8 +5,8 @@
 #include <optional>
 #include <string>
 
+#include "platform/common/label_state.h"
 #include "platform/elements.h"
-#include "platform/label_state.h"
 #include "platform/qt/qt_painted_element.h"
 
 namespace zk {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/drawn_elements.h"
+#include "platform/common/drawn_elements.h"
 #include "platform/qt/qt_painted_element.h"
 
 namespace zk {

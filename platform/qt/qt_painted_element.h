@@ -2,7 +2,7 @@
 
 #include <QPainter>
 
-#include "platform/element_state.h"
+#include "platform/common/element_state.h"
 #include "platform/qt/qt_surface.h"
 
 namespace zk {

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "foundation/debug_utils.h"
+#include "platform/common/platform_recorder.h"
 #include "platform/platform.h"
-#include "platform/platform_recorder.h"
 #include "platform/qt/qt_font_catalogue.h"
 #include "platform/qt/qt_picture_loader.h"
 #include "platform/qt/qt_screen.h"

@@ -5,8 +5,8 @@
 #include <memory>
 #include <string>
 
+#include "platform/common/text_box_editor.h"
 #include "platform/elements.h"
-#include "platform/text_box_editor.h"
 
 namespace zk {
 

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/procedure_window_system.h"
+#include "platform/common/procedure_window_system.h"
 
 class QWheelEvent;
 

@@ -4,7 +4,7 @@
 
 #include "button_events.h"
 #include "controls/form_fixture.h"
-#include "platform/memory_property_bag.h"
+#include "platform/common/memory_property_bag.h"
 
 namespace zk {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "form_fixture.h"
 #include "foundation/zk_error.h"
-#include "platform/memory_property_bag.h"
+#include "platform/common/memory_property_bag.h"
 
 namespace zk {
 namespace {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "form_fixture.h"
-#include "platform/memory_property_bag.h"
+#include "platform/common/memory_property_bag.h"
 
 namespace zk {
 namespace {

@@ -10,7 +10,7 @@
 #include "controls/control_kinds.h"
 #include "foundation/archive_utils.h"
 #include "foundation/text_encoding.h"
-#include "platform/memory_property_bag.h"
+#include "platform/common/memory_property_bag.h"
 #include "tests/controls/form_fixture.h"
 
 namespace zk {

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace zk {
@@ -44,6 +46,30 @@ TEST(TextEncodingTest, Utf16AndUtf8ConvertBothWaysAndReplaceBrokenSequences) {
                         "b"),
             u"a\uFFFDb");
   EXPECT_EQ(Utf16ToUtf8(std::u16string(1, u'\xD800')), "\xEF\xBF\xBD");  // a lone surrogate
+}
+
+TEST(FindNonText, NamesTheFirstByteThatIsNotText) {
+  struct Case {
+    std::string_view bytes;
+    std::optional<size_t> offset;
+  };
+  using namespace std::string_view_literals;
+  const Case cases[] = {
+      {"", std::nullopt},
+      {"new ZKLabel A\r\n? A.Caption\n", std::nullopt},
+      {"caf\xc3\xa9 \xe2\x82\xac \xf0\x9f\x98\x80", std::nullopt},  // two, three and four bytes
+      {"ab\0cd"sv, 2},                                              // NUL
+      {"ab\x80", 2},                                                // stray continuation byte
+      {"ab\xc3", 2},                                                // truncated at the end
+      {"ab\xe2\x82", 2},                                            // truncated three-byte sequence
+      {"\xc0\xaf", 0},                                              // overlong
+      {"x\xed\xa0\x80", 1},                                         // encoded surrogate
+      {"x\xf4\x90\x80\x80", 1},                                     // beyond U+10FFFF
+      {"ok\xff", 2},
+  };
+  for (const Case& c : cases) {
+    EXPECT_EQ(FindNonText(c.bytes), c.offset) << ::testing::PrintToString(std::string(c.bytes));
+  }
 }
 
 }  // namespace

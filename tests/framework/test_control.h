@@ -3,8 +3,8 @@
 #include <array>
 #include <string>
 
+#include "enumerations/enumerations.h"
 #include "framework/control.h"
-#include "framework/enumerations.h"
 
 namespace zk {
 

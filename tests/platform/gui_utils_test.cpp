@@ -1,12 +1,12 @@
-#include "foundation/gui_utils.h"
+#include "services/gui_utils.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "foundation/gui_mouse.h"
 #include "headless_fixture.h"
 #include "platform/window_messages.h"
+#include "services/gui_mouse.h"
 
 namespace zk {
 namespace {

@@ -5,12 +5,12 @@
 #include <vector>
 
 #include "foundation/zk_error.h"
-#include "platform/form_ambient.h"
-#include "platform/form_extender.h"
+#include "platform/common/form_ambient.h"
+#include "platform/common/form_extender.h"
+#include "platform/common/memory_property_bag.h"
 #include "platform/headless/headless_control_site.h"
 #include "platform/headless/headless_font_catalogue.h"
 #include "platform/headless/headless_platform.h"
-#include "platform/memory_property_bag.h"
 
 namespace zk {
 namespace {

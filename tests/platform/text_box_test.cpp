@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "headless_fixture.h"
-#include "platform/form_ambient.h"
+#include "platform/common/form_ambient.h"
 #include "platform/headless/headless_control_site.h"
 #include "platform/headless/headless_text_box.h"
 #include "platform/window_messages.h"

@@ -4,10 +4,10 @@
 #include <vector>
 
 #include "controls/display/led.h"
-#include "foundation/subclass.h"
-#include "foundation/timer.h"
 #include "platform/window_messages.h"
 #include "qt_fixture.h"
+#include "services/subclass.h"
+#include "services/timer.h"
 
 namespace zk {
 namespace {

@@ -1,4 +1,4 @@
-#include "foundation/subclass.h"
+#include "services/subclass.h"
 
 #include <gtest/gtest.h>
 
@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "foundation/subclass_procs.h"
 #include "foundation/zk_error.h"
 #include "platform/headless_fixture.h"
 #include "platform/window_messages.h"
+#include "services/subclass_procs.h"
 
 namespace zk {
 namespace {

@@ -1,4 +1,4 @@
-#include "foundation/timer.h"
+#include "services/timer.h"
 
 #include <gtest/gtest.h>
 
@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "foundation/timer_procs.h"
 #include "foundation/zk_error.h"
 #include "platform/headless_fixture.h"
 #include "platform/window_messages.h"
+#include "services/timer_procs.h"
 
 namespace zk {
 namespace {

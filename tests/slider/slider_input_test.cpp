@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "foundation/subclass_procs.h"
+#include "services/subclass_procs.h"
 #include "foundation/zk_error.h"
 #include "tests/slider/slider_fixture.h"
 

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "platform/memory_property_bag.h"
+#include "platform/common/memory_property_bag.h"
 #include "tests/slider/slider_fixture.h"
 
 namespace zk {

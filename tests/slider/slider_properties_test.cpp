@@ -8,7 +8,7 @@
 #include "foundation/archive_utils.h"
 #include "foundation/zk_error.h"
 #include "hosting/archive_explainer.h"
-#include "platform/memory_property_bag.h"
+#include "platform/common/memory_property_bag.h"
 #include "tests/slider/slider_fixture.h"
 
 namespace zk {

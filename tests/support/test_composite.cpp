@@ -3,8 +3,8 @@
 #include <array>
 #include <utility>
 
-#include "foundation/gui_utils.h"
 #include "foundation/zk_error.h"
+#include "services/gui_utils.h"
 
 namespace zk {
 namespace {

@@ -5,7 +5,7 @@
 #include "controls/form_fixture.h"
 #include "controls/text/multi_line_text_edit.h"
 #include "foundation/archive_utils.h"
-#include "platform/memory_property_bag.h"
+#include "platform/common/memory_property_bag.h"
 #include "text_edit_events.h"
 
 namespace zk {

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "controls/text/platform_text_rules.h"
-#include "controls/text/typed_text_model.h"
+#include "models/typed_text_model.h"
 #include "platform/headless/headless_platform.h"
 #include "platform/icu/icu_locale.h"
 

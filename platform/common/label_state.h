@@ -7,9 +7,9 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/common/mnemonic.h"
 #include "platform/elements.h"
 #include "platform/font_catalogue.h"
-#include "platform/mnemonic.h"
 
 namespace zk {
 

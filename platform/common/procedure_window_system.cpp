@@ -1,4 +1,4 @@
-#include "platform/procedure_window_system.h"
+#include "platform/common/procedure_window_system.h"
 
 #include <utility>
 

@@ -1,4 +1,4 @@
-#include "platform/mouse_dispatcher.h"
+#include "platform/common/mouse_dispatcher.h"
 
 #include <algorithm>
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "framework/enumerations.h"
+#include "enumerations/enumerations.h"
 
 // The rules of a typed text editor: which typed characters go through for each kind of value,
 // when a finished text is valid, how the arrow keys step a number, how the letter case is forced

@@ -1,4 +1,4 @@
-#include "platform/text_box_editor.h"
+#include "platform/common/text_box_editor.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,6 +1,6 @@
-#include "foundation/timer.h"
+#include "services/timer.h"
 
-#include "foundation/timer_procs.h"
+#include "services/timer_procs.h"
 
 namespace zk {
 

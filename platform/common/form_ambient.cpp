@@ -1,4 +1,4 @@
-#include "platform/form_ambient.h"
+#include "platform/common/form_ambient.h"
 
 #include <utility>
 

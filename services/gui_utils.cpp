@@ -1,4 +1,4 @@
-#include "foundation/gui_utils.h"
+#include "services/gui_utils.h"
 
 #include "foundation/dispatch_object.h"
 #include "foundation/low_level_utils.h"

@@ -1,13 +1,13 @@
-#include "foundation/timer_procs.h"
+#include "services/timer_procs.h"
 
 #include <map>
 #include <optional>
 #include <string>
 
 #include "foundation/debug_utils.h"
-#include "foundation/timer.h"
 #include "platform/platform.h"
 #include "platform/window_messages.h"
+#include "services/timer.h"
 
 namespace zk::MCTTimeProcs {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/surface_base.h"
+#include "platform/common/surface_base.h"
 
 #include <algorithm>
 #include <climits>

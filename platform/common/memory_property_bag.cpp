@@ -1,4 +1,4 @@
-#include "platform/memory_property_bag.h"
+#include "platform/common/memory_property_bag.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "platform/window_procedures.h"
+#include "platform/common/window_procedures.h"
 
 #include <utility>
 

@@ -1,4 +1,4 @@
-#include "controls/text/typed_text_model.h"
+#include "models/typed_text_model.h"
 
 #include <cmath>
 #include <limits>

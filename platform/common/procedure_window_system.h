@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "platform/window_procedures.h"
+#include "platform/common/window_procedures.h"
 #include "platform/window_system.h"
 
 namespace zk {

@@ -5,10 +5,10 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/form_ambient.h"
-#include "platform/form_extender.h"
+#include "platform/common/form_ambient.h"
+#include "platform/common/form_extender.h"
+#include "platform/common/platform_recorder.h"
 #include "platform/host.h"
-#include "platform/platform_recorder.h"
 
 namespace zk {
 

@@ -1,4 +1,4 @@
-#include "platform/form_extender.h"
+#include "platform/common/form_extender.h"
 
 #include <utility>
 

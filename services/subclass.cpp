@@ -1,6 +1,6 @@
-#include "foundation/subclass.h"
+#include "services/subclass.h"
 
-#include "foundation/subclass_procs.h"
+#include "services/subclass_procs.h"
 
 namespace zk {
 

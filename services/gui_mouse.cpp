@@ -1,7 +1,7 @@
-#include "foundation/gui_mouse.h"
+#include "services/gui_mouse.h"
 
-#include "foundation/gui_utils.h"
 #include "platform/platform.h"
+#include "services/gui_utils.h"
 
 namespace zk {
 

@@ -5,6 +5,7 @@
 
 #include "foundation/dispatch_object.h"
 #include "foundation/signal.h"
+#include "platform/bindable_extender.h"
 
 namespace zk {
 
@@ -14,7 +15,7 @@ namespace zk {
 // them) and TabStop (controls that cannot take the focus); reading or writing a withheld
 // property raises error 438, as on a real form. The extender of a part, private to the control
 // that the part belongs to, withholds all four and TabIndex (WithholdFormPlacement).
-class FormExtender final : public DispatchObject {
+class FormExtender final : public DispatchObject, public IBindableExtender {
  public:
   explicit FormExtender(std::u16string name);
 
@@ -24,7 +25,7 @@ class FormExtender final : public DispatchObject {
   double Left() const { return left_; }
   double Width() const { return width_; }
   double Height() const { return height_; }
-  void Move(double left, double top, double width, double height);
+  void Move(double left, double top, double width, double height) override;
   bool Visible() const { return visible_; }
   bool Default() const { return default_; }
   bool Cancel() const { return cancel_; }
@@ -40,7 +41,7 @@ class FormExtender final : public DispatchObject {
 
   // Enabled belongs to the control when it has that property: the form then reads and writes
   // it through these functions instead of keeping its own flag.
-  void BindEnabled(std::function<bool()> get, std::function<void(bool)> set);
+  void BindEnabled(std::function<bool()> get, std::function<void(bool)> set) override;
 
   // Raised with the property's name after every write (sizes and positions move the control).
   Signal<std::u16string_view>& PropertyWritten() { return property_written_; }

@@ -1,4 +1,4 @@
-#include "foundation/subclass_procs.h"
+#include "services/subclass_procs.h"
 
 #include <map>
 #include <optional>
@@ -6,10 +6,10 @@
 #include <string_view>
 
 #include "foundation/debug_utils.h"
-#include "foundation/subclass.h"
 #include "foundation/zk_error.h"
 #include "platform/platform.h"
 #include "platform/window_messages.h"
+#include "services/subclass.h"
 
 namespace zk::MSubclass {
 namespace {
