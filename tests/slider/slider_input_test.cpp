@@ -3,8 +3,8 @@
 
 #include <vector>
 
-#include "services/subclass_procs.h"
 #include "foundation/zk_error.h"
+#include "services/subclass_procs.h"
 #include "tests/slider/slider_fixture.h"
 
 namespace zk {
