@@ -1,5 +1,10 @@
 #pragma once
 
+#include <memory>
+
+#include "foundation/signal.h"
+#include "services/timer.h"
+
 namespace zk {
 
 class Form;
@@ -9,5 +14,13 @@ void BuildButtonGallery(Form& form, double left, double top, double width, doubl
 void BuildLampGallery(Form& form, double left, double top, double width, double height);
 void BuildTextGallery(Form& form, double left, double top, double width, double height);
 void BuildSliderGallery(Form& form, double left, double top, double width, double height);
+
+// A timer that moves a section's controls while the gallery is live; it goes before the form.
+struct GalleryTicker {
+  ZKCTimer timer;
+  ScopedConnection tick;
+};
+std::unique_ptr<GalleryTicker> BuildProgressGallery(Form& form, double left, double top,
+                                                    double width, double height);
 
 }  // namespace zk

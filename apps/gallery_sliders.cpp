@@ -3,7 +3,9 @@
 
 #include "apps/gallery_sections.h"
 #include "controls/display/label.h"
+#include "controls/display/progress_bar.h"
 #include "controls/slider/slider.h"
+#include "foundation/low_level_utils.h"
 #include "foundation/string_utils.h"
 #include "hosting/form.h"
 
@@ -102,12 +104,16 @@ void BuildSliderGallery(Form& form, double left, double top, double width, doubl
   bound.SetStep(5);
   bound.SetMinInterval(5);
   bound.SetShowGuide(true);
+  // A progress bar and a label follow it.
+  auto& bar = static_cast<ZKProgessBar&>(
+      Place(form, u"ZKProgessBar", u"SldBoundBar", left + column + 120, row, 1200, kThickness));
+  bar.SetShowProgress(true);
   auto& follower =
-      PlaceNote(form, u"SldBoundValue", left + column + 120, row, 2700, kThickness, u"");
-  auto show = [&bound, &follower] {
-    follower.SetCaption(u"Value: " +
-                        MStringUtils::FormatNumberText(bound.Value(), u".", -1, false) +
-                        u" (steps of 5)");
+      PlaceNote(form, u"SldBoundValue", left + column + 1440, row, 1380, kThickness, u"");
+  auto show = [&bound, &bar, &follower] {
+    const double value = bound.Value();
+    bar.SetProgress(MLowLevelUtils::RoundToInt32(value));
+    follower.SetCaption(MStringUtils::FormatNumberText(value, u".", -1, false) + u", steps of 5");
   };
   Bindings().push_back(bound.Change.Connect(show));
   bound.SetValue(25);

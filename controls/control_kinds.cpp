@@ -7,6 +7,7 @@
 #include "controls/buttons/image_button.h"
 #include "controls/display/label.h"
 #include "controls/display/led.h"
+#include "controls/display/progress_bar.h"
 #include "controls/slider/slider.h"
 #include "controls/text/multi_line_text_edit.h"
 #include "controls/text/text_edit.h"
@@ -23,6 +24,7 @@ std::shared_ptr<ZKControl> Create(IControlSite& site) {
 const std::array kKinds = {
     ControlKind{u"ZKLabel", &Create<ZKLabel>, 1935, 375, true, false, false},
     ControlKind{u"ZKLed", &Create<ZKLed>, 375, 375, false, false, false},
+    ControlKind{u"ZKProgessBar", &Create<ZKProgessBar>, 2415, 375, false, false, false},
     ControlKind{u"ZKColorButton", &Create<ZKColorButton>, 1215, 495, true, true, true},
     ControlKind{u"ZKImgButton", &Create<ZKImgButton>, 1215, 495, true, true, true},
     ControlKind{u"ZKTextEdit", &Create<ZKTextEdit>, 1215, 315, false, true, true},

@@ -56,6 +56,19 @@ class ISurface {
   virtual OLE_COLOR MaskColor() const = 0;
   virtual void SetMaskColor(OLE_COLOR color) = 0;
 
+  // The surface is painted in layers: the back colour, the background picture (at the inner
+  // area's top left corner, in its own size), the persistent drawing, then the child elements.
+  // The picture; null for none.
+  virtual PictureRef Picture() const = 0;
+  virtual void SetPicture(PictureRef picture) = 0;
+  // The persistent drawing survives repaints until it is cleared. Cls clears it, so that the
+  // back colour and the picture show again.
+  virtual void Cls() = 0;
+  // Fills the rectangle between the corners (x1, y1) and (x2, y2), twips of the inner area, in
+  // any order, with `color`, over what was drawn before (plain copy). What lies outside the
+  // inner area is not shown; a corner that is not a number draws nothing.
+  virtual void FillRect(double x1, double y1, double x2, double y2, OLE_COLOR color) = 0;
+
   // Child elements, drawn in creation order (the last one on top).
   virtual std::unique_ptr<ILabelElement> CreateLabel() = 0;
   virtual std::unique_ptr<IShapeElement> CreateShape() = 0;

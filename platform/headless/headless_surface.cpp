@@ -95,7 +95,7 @@ HeadlessSurface::HeadlessSurface(HeadlessPlatform& platform, FormExtender& exten
 
 HeadlessSurface::HeadlessSurface(HeadlessPlatform& platform, FormExtender& extender,
                                  HeadlessSurface* owner, WindowHandle parent_window)
-    : SurfaceBase(owner),
+    : PersistentDrawing(owner),
       platform_(platform),
       extender_(extender),
       back_color_(0x8000000F),

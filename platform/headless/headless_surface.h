@@ -5,6 +5,7 @@
 
 #include "platform/common/form_extender.h"
 #include "platform/common/mouse_dispatcher.h"
+#include "platform/common/persistent_drawing.h"
 #include "platform/common/surface_base.h"
 
 namespace zk {
@@ -19,8 +20,9 @@ class HeadlessTextBox;
 // part's surface, which passes it on in its own coordinates, or a text box), else to the
 // topmost visible and enabled windowless element under it (the one created last), in that
 // element's coordinates, or to the surface itself. The form says when the control has its
-// focus (SetFormFocus); the focus inside the control follows the focus path.
-class HeadlessSurface final : public SurfaceBase, public IMouseWindow {
+// focus (SetFormFocus); the focus inside the control follows the focus path. Nothing is
+// painted: the persistent drawing is kept as the list of rectangles drawn (DrawnRects).
+class HeadlessSurface final : public PersistentDrawing<SurfaceBase>, public IMouseWindow {
  public:
   // The surface of a control on a form, in the form's window.
   HeadlessSurface(HeadlessPlatform& platform, FormExtender& extender, WindowHandle parent_window);

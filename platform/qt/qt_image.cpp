@@ -1,21 +1,25 @@
 #include "platform/qt/qt_image.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace zk {
 
+QImage ImageOfPicture(const Picture& picture) {
+  const auto width = static_cast<size_t>(std::max(0, picture.WidthPixels()));
+  const auto height = static_cast<size_t>(std::max(0, picture.HeightPixels()));
+  if (width == 0 || height == 0 || picture.Pixels().size() < width * height) return {};
+  QImage image(picture.WidthPixels(), picture.HeightPixels(), QImage::Format_ARGB32);
+  for (size_t y = 0; y < height; ++y) {
+    std::memcpy(image.scanLine(static_cast<int>(y)), picture.Pixels().data() + y * width,
+                width * sizeof(uint32_t));
+  }
+  return image;
+}
+
 void QtImage::SetPicture(PictureRef picture) {
   picture_ = std::move(picture);
-  image_ = QImage();
-  if (picture_ && !picture_->Pixels().empty()) {
-    image_ = QImage(picture_->WidthPixels(), picture_->HeightPixels(), QImage::Format_ARGB32);
-    for (int y = 0; y < image_.height(); ++y) {
-      std::memcpy(
-          image_.scanLine(y),
-          picture_->Pixels().data() + static_cast<size_t>(y) * static_cast<size_t>(image_.width()),
-          static_cast<size_t>(image_.width()) * sizeof(uint32_t));
-    }
-  }
+  image_ = picture_ ? ImageOfPicture(*picture_) : QImage();
   Fit();
   Changed();
 }

@@ -6,6 +6,9 @@
 
 namespace zk {
 
+// The pixels of a picture as an image; a null image for a picture without pixels.
+QImage ImageOfPicture(const Picture& picture);
+
 // A picture painted by the control's surface; without Stretch the element takes the size of
 // its picture.
 class QtImage final : public QtPaintedBase<IImageElement> {

@@ -26,6 +26,13 @@ int Pixels(double twips, double twips_per_pixel) {
   return static_cast<int>(std::lround(twips / twips_per_pixel));
 }
 
+// A drawing coordinate in pixels, kept within what a painter can take: a rectangle that runs
+// far beyond the widget is cut at its edge anyway.
+int DrawingPixels(double twips, double twips_per_pixel) {
+  constexpr double kFarAway = 1e8;
+  return static_cast<int>(std::lround(std::clamp(twips / twips_per_pixel, -kFarAway, kFarAway)));
+}
+
 }  // namespace
 
 class QtSurface::ControlWidget final : public QWidget {
@@ -43,6 +50,7 @@ class QtSurface::ControlWidget final : public QWidget {
     QPainter painter(this);
     const QPalette& colors = palette();
     painter.fillRect(rect(), ToQColor(surface_.back_color_, colors));
+    surface_.PaintDrawing(painter);
     for (const auto& [element, painted] : surface_.painted_) {
       if (!element->Visible()) continue;
       const QRectF area = surface_.PixelArea(*element);
@@ -119,7 +127,7 @@ QtSurface::QtSurface(QtPlatform& platform, FormExtender& extender, QtSurface& ow
 
 QtSurface::QtSurface(QtPlatform& platform, FormExtender& extender, QtSurface* owner,
                      QWidget* parent, bool can_focus)
-    : SurfaceBase(owner),
+    : PersistentDrawing(owner),
       platform_(platform),
       extender_(extender),
       dispatcher_({&click_, &dbl_click_, &mouse_down_, &mouse_move_, &mouse_up_},
@@ -218,6 +226,40 @@ void QtSurface::SetSize(double width, double height) {
 
 void QtSurface::SetBackColor(OLE_COLOR color) {
   back_color_ = color;
+  Update();
+}
+
+void QtSurface::PaintDrawing(QPainter& painter) const {
+  const PictureRef& picture = Picture();
+  if (!picture && DrawnRects().empty()) return;
+  const int border = BorderPixels();
+  painter.save();
+  painter.setClipRect(
+      QRect(border, border, widget_->width() - 2 * border, widget_->height() - 2 * border));
+  if (picture && !picture_image_.isNull())
+    painter.drawImage(QPoint(border, border), picture_image_);
+  const double tpp_x = platform_.Screen().TwipsPerPixelX();
+  const double tpp_y = platform_.Screen().TwipsPerPixelY();
+  const QPalette& colors = widget_->palette();
+  for (const DrawnRect& drawn : DrawnRects()) {
+    // Edges in whole pixels, so that rectangles that meet in twips meet on screen.
+    const int left = DrawingPixels(drawn.left, tpp_x);
+    const int top = DrawingPixels(drawn.top, tpp_y);
+    const int right = DrawingPixels(drawn.right, tpp_x);
+    const int bottom = DrawingPixels(drawn.bottom, tpp_y);
+    if (right <= left || bottom <= top) continue;
+    painter.fillRect(QRect(border + left, border + top, right - left, bottom - top),
+                     ToQColor(drawn.color, colors));
+  }
+  painter.restore();
+}
+
+void QtSurface::DrawingChanged() {
+  const PictureRef& picture = Picture();
+  if (picture.get() != picture_shown_) {
+    picture_shown_ = picture.get();
+    picture_image_ = picture ? ImageOfPicture(*picture) : QImage();
+  }
   Update();
 }
 

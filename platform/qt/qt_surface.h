@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QImage>
 #include <QPointer>
 #include <QRectF>
 #include <QWidget>
@@ -9,6 +10,7 @@
 
 #include "platform/common/form_extender.h"
 #include "platform/common/mouse_dispatcher.h"
+#include "platform/common/persistent_drawing.h"
 #include "platform/common/surface_base.h"
 
 class QPainter;
@@ -26,14 +28,15 @@ class QtPaintedElement {
 };
 
 // A control's area on a Qt form: a widget placed by the control's extender that paints the back
-// colour, its windowless elements and the border (one pixel, or a two-pixel sunken edge with
+// colour, the background picture and the persistent drawing, its windowless elements and the
+// border (one pixel, or a two-pixel sunken edge with
 // the 3-D appearance), and reports mouse, keys and focus. Windowless elements are painted by the
 // surface and get their mouse events from it, as a container does for its light-weight
 // controls; elements with a window of their own (text boxes, lists) are child widgets. The
 // surface of a part is a child widget of its owner's, placed in twips of the owner's inner area.
 // The focus inside a control is Qt's focus: a surface holds it while Qt's focus widget is its
 // widget or inside it, and the part that the focus goes to is the widget's focus proxy.
-class QtSurface final : public SurfaceBase {
+class QtSurface final : public PersistentDrawing<SurfaceBase> {
  public:
   // The surface of a control on a form (`form` is the form's widget).
   QtSurface(QtPlatform& platform, FormExtender& extender, QWidget* form, bool can_focus);
@@ -121,6 +124,7 @@ class QtSurface final : public SurfaceBase {
   bool ShouldHoldFocus() const override;
   void TakeFocusNow() override;
   void FocusPartChanged() override;
+  void DrawingChanged() override;
 
  private:
   class ControlWidget;
@@ -129,6 +133,8 @@ class QtSurface final : public SurfaceBase {
             bool can_focus);
   void FollowExtender(std::u16string_view property);
   void PlacePartWidgets();
+  // Paints the background picture and the persistent drawing into the inner area.
+  void PaintDrawing(QPainter& painter) const;
 
   QtPlatform& platform_;
   FormExtender& extender_;
@@ -156,6 +162,9 @@ class QtSurface final : public SurfaceBase {
   OLE_COLOR mask_color_ = 0x80000008;
   MouseDispatcher dispatcher_;
   std::vector<std::pair<IElement*, const QtPaintedElement*>> painted_;
+  // The background picture as an image, made when the picture is set.
+  const zk::Picture* picture_shown_ = nullptr;
+  QImage picture_image_;
   // The focus proxy that the widget had before a part became it (a text box's editor).
   QPointer<QWidget> own_focus_proxy_;
   bool proxy_is_part_ = false;

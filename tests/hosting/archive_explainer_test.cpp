@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -53,6 +54,23 @@ TEST_F(ArchiveExplainerTest, NamesEveryElementAndFlagsMissingAndExtraOnes) {
   EXPECT_EQ(short_lines.back(),
             u"  trace: ZKLabel | ParseArchiveStr (el: 2) | 9 | Subscript out of range");
   EXPECT_THROW(ExplainArchive(form_, u"ZKNothing", u""), ZKError);
+}
+
+TEST_F(ArchiveExplainerTest, KnowsTheProgressBarAndWhyItRefusesAString) {
+  const std::vector<std::u16string> lines = ExplainArchive(
+      form_, u"ZKProgessBar",
+      u"\"P\"|0|0|2415|375|T|||T|\"\"|3|F|,30,T,1,T,-2000000000,2000000000,255,0,0,0,"
+      u"\"Arial\"#9#F#F#F#F,\"x\",F,\"\",3");
+  ASSERT_FALSE(lines.empty());
+  EXPECT_EQ(lines[0], u"ZKProgessBar: 16 elements expected, 16 found");
+  auto contains = [&](std::u16string_view text) {
+    return std::find(lines.begin(), lines.end(), text) != lines.end();
+  };
+  EXPECT_TRUE(contains(u"  1  Progress              number 30"));
+  EXPECT_TRUE(contains(u"  6  ScaleMax              number 2000000000"));
+  EXPECT_TRUE(contains(u" 15  CaptionAnchor         number 3"));
+  // The limits' range does not fit in 32 bits: the reading stops at ScaleMax.
+  EXPECT_EQ(lines.back(), u"  trace: ZKProgessBar | ParseArchiveStr (el: 6) | 6 | Overflow");
 }
 
 }  // namespace
