@@ -150,6 +150,8 @@ ZKEditList::ZKEditList(IControlSite& site)
   ConnectElements();
   Clear();
   Layout();
+  // The keys go to the item column when the control gets the focus.
+  IgnoringFailure([&] { lst_items_->SetFocus(); });
 }
 
 ZKEditList::~ZKEditList() {
@@ -535,6 +537,8 @@ void ZKEditList::SetShowTags(bool New_ShowTags) {
   SortKeyChanged();
   NotifyChanged(u"ShowTags");
   ApplyTagListLook();
+  // A column that was hidden had no size to keep its rows in view: it takes the other's now.
+  SyncTagsToItems();
 }
 
 void ZKEditList::SetTagColumnPosition(int32_t New_TagColumnPosition) {
@@ -660,6 +664,8 @@ bool ZKEditList::OpenEditBox(int32_t p_index, int32_t p_column) {
     ted_values_.Move(left, top, std::max(0.0, width), height);
   }
   ted_values_.Extender().SetProperty(u"Visible", Variant(true));
+  // Tab commits the cell instead of leaving the control while the editor is open.
+  Surface().SetTakesTab(true);
   ted_values_.Surface().BringToFront();
   ted_values_.Surface().SetFocus();
   return true;
@@ -709,6 +715,7 @@ void ZKEditList::EditorLostFocus() {
   }
   commit_edit_ = false;
   HideEditor();
+  IgnoringFailure([&] { Surface().SetTakesTab(false); });
 }
 
 void ZKEditList::ControlKeyDown(int16_t& key_code, int16_t& /*shift*/) {
