@@ -303,7 +303,12 @@ const PropertyTable& ZKEditList::Properties() const {
               .Archive(36)
               .New(Variant(int32_t{zktSortNone}))
               .Bag(Variant(int32_t{zktSortNone}), 33, 34)
-              .Store([](C& c, int32_t v) { c.model_.SetSortOrder(v); }),
+              .Store([](C& c, int32_t v) {
+                // Stored without telling the host: the model notifies only through its host.
+                c.model_.SetHost(nullptr);
+                c.model_.SetSortOrder(v);
+                c.model_.SetHost(c.model_host_.get());
+              }),
           Property(u"HorizontalScrollBar", &C::HorizontalScrollBar, &C::SetHorizontalScrollBar)
               .Archive(10)
               .New(Variant(int32_t{0}))
