@@ -254,7 +254,10 @@ const PropertyTable& ZKEditList::Properties() const {
               .Archive(7)
               .New(Variant(500.0))
               .Bag(Variant(500.0), 6, 6)
-              .Store([](C& c, double v) { c.tag_column_width_ = static_cast<float>(v); }),
+              .Store([](C& c, double v) {
+                if (std::fabs(v) <= std::numeric_limits<float>::max())
+                  c.tag_column_width_ = static_cast<float>(v);
+              }),
           Property(u"ShowTags", &C::ShowTags, &C::SetShowTags)
               .Archive(9)
               .New(Variant(false))

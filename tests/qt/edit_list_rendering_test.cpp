@@ -3,7 +3,9 @@
 // look, and the editor over a cell.
 #include <gtest/gtest.h>
 
+#include <QAbstractScrollArea>
 #include <QApplication>
+#include <QWheelEvent>
 
 #include "controls/lists/edit_list.h"
 #include "platform/qt/qt_colors.h"
@@ -99,6 +101,28 @@ TEST_F(QtEditListTest, TheEditorLiesOverTheCellInTheColumnsColours) {
   // Closing it shows the cell's row again.
   form_.TypeKeys(u"{ESC}");
   EXPECT_NE(Render(u"E").pixel(36, 2 * row_pixels + row_pixels / 2 + 1), qRgb(0, 0xFF, 0));
+}
+
+}  // namespace
+}  // namespace zk
+
+namespace zk {
+namespace {
+
+// The wheel on Qt: a wheel event to the tag column's view reaches the item column through the
+// window observer of the running form.
+TEST_F(QtEditListTest, TheWheelOverTheTagsScrollsTheItemsToo) {
+  for (int row = 0; row < 40; ++row)
+    list_.AddItem(u"more");
+  auto* view =
+      static_cast<QAbstractScrollArea*>(platform_.Windows().Widget(list_.TagsBox().hWnd()));
+  ASSERT_NE(view, nullptr);
+  const QPointF centre(view->viewport()->width() / 2.0, view->viewport()->height() / 2.0);
+  QWheelEvent event(centre, view->viewport()->mapToGlobal(centre), QPoint(), QPoint(0, -120),
+                    Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(view->viewport(), &event);
+  EXPECT_EQ(list_.TagsBox().TopIndex(), 3);
+  EXPECT_EQ(list_.TopIndex(), 3);
 }
 
 }  // namespace
