@@ -9,6 +9,7 @@
 #include <QTextStream>
 #include <cstdio>
 
+#include "apps/gallery_place.h"
 #include "apps/gallery_sections.h"
 #include "controls/display/label.h"
 #include "foundation/text_encoding.h"
@@ -22,12 +23,7 @@ namespace {
 // Places a label at (left, top) twips with a size and a caption, and returns it.
 ZKLabel& PlaceLabel(Form& form, std::u16string_view name, double left, double top, double width,
                     double height, std::u16string_view caption) {
-  auto& label = static_cast<ZKLabel&>(form.AddControl(u"ZKLabel", name));
-  DispatchObject& extender = *form.FindExtender(name);
-  extender.SetProperty(u"Left", Variant(left));
-  extender.SetProperty(u"Top", Variant(top));
-  extender.SetProperty(u"Width", Variant(width));
-  extender.SetProperty(u"Height", Variant(height));
+  auto& label = static_cast<ZKLabel&>(Place(form, u"ZKLabel", name, left, top, width, height));
   label.SetCaption(std::u16string(caption));
   return label;
 }

@@ -3,6 +3,7 @@
 #include <QFileInfo>
 #include <string>
 
+#include "apps/gallery_place.h"
 #include "apps/gallery_sections.h"
 #include "controls/buttons/color_button.h"
 #include "controls/buttons/image_button.h"
@@ -15,17 +16,6 @@ namespace zk {
 namespace {
 
 constexpr double kPixel = 15;  // twips at the gallery's 96 dpi
-
-ZKControl& Place(Form& form, std::u16string_view kind, std::u16string_view name, double left,
-                 double top, double width, double height) {
-  ZKControl& control = form.AddControl(kind, name);
-  DispatchObject& extender = *form.FindExtender(name);
-  extender.SetProperty(u"Left", Variant(left));
-  extender.SetProperty(u"Top", Variant(top));
-  extender.SetProperty(u"Width", Variant(width));
-  extender.SetProperty(u"Height", Variant(height));
-  return control;
-}
 
 // The pictures ship in assets/buttons: next to an installed program, or in the source tree
 // that the program was built from.

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <string>
 
+#include "apps/gallery_place.h"
 #include "apps/gallery_sections.h"
 #include "controls/buttons/color_button.h"
 #include "controls/display/frame.h"
@@ -13,14 +14,6 @@ namespace {
 
 // Places a control on the form, or inside the container `inside` when it is given, at (left,
 // top) twips of the form or of the container's inner area.
-ZKControl& Place(Form& form, std::u16string_view kind, std::u16string_view name, double left,
-                 double top, double width, double height, std::u16string_view inside = {}) {
-  ZKControl& control =
-      inside.empty() ? form.AddControl(kind, name) : form.AddControlInside(kind, name, inside);
-  form.MoveControl(name, left, top, width, height);
-  return control;
-}
-
 ZKFrame& PlaceFrame(Form& form, std::u16string_view name, double left, double top, double width,
                     double height, std::u16string_view caption) {
   auto& frame = static_cast<ZKFrame&>(Place(form, u"ZKFrame", name, left, top, width, height));

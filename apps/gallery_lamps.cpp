@@ -1,25 +1,13 @@
 #include <string>
 
+#include "apps/gallery_place.h"
 #include "apps/gallery_sections.h"
 #include "controls/display/label.h"
 #include "controls/display/led.h"
 #include "hosting/form.h"
 
 namespace zk {
-namespace {
-
-ZKControl& Place(Form& form, std::u16string_view kind, std::u16string_view name, double left,
-                 double top, double width, double height) {
-  ZKControl& control = form.AddControl(kind, name);
-  DispatchObject& extender = *form.FindExtender(name);
-  extender.SetProperty(u"Left", Variant(left));
-  extender.SetProperty(u"Top", Variant(top));
-  extender.SetProperty(u"Width", Variant(width));
-  extender.SetProperty(u"Height", Variant(height));
-  return control;
-}
-
-}  // namespace
+namespace {}  // namespace
 
 void BuildLampGallery(Form& form, double left, double top, double width, double /*height*/) {
   auto& title = static_cast<ZKLabel&>(Place(form, u"ZKLabel", u"LampTitle", left, top, width, 300));

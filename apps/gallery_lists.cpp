@@ -1,5 +1,6 @@
 #include <string>
 
+#include "apps/gallery_place.h"
 #include "apps/gallery_sections.h"
 #include "controls/display/label.h"
 #include "controls/lists/edit_list.h"
@@ -8,17 +9,6 @@
 
 namespace zk {
 namespace {
-
-ZKControl& Place(Form& form, std::u16string_view kind, std::u16string_view name, double left,
-                 double top, double width, double height) {
-  ZKControl& control = form.AddControl(kind, name);
-  DispatchObject& extender = *form.FindExtender(name);
-  extender.SetProperty(u"Left", Variant(left));
-  extender.SetProperty(u"Top", Variant(top));
-  extender.SetProperty(u"Width", Variant(width));
-  extender.SetProperty(u"Height", Variant(height));
-  return control;
-}
 
 ZKEditList& PlaceList(Form& form, std::u16string_view name, double left, double top, double width,
                       double height) {
@@ -56,8 +46,7 @@ void BuildListGallery(Form& form, double left, double top, double width, double 
   const double half = (width - gap) / 2;
   const double box = (height - 2 * (note + gap)) / 2;
 
-  PlaceNote(form, u"ListTitleLeft", left, top, half,
-            u"Edit lists: tags on the left; click a cell");
+  PlaceNote(form, u"ListTitleLeft", left, top, half, u"Edit lists: tags on the left; click a cell");
   auto& fruits = PlaceList(form, u"ElsTagsLeft", left, top + note, half, box);
   fruits.SetShowTags(true);
   fruits.SetTagColumnWidth(900);
@@ -91,8 +80,7 @@ void BuildListGallery(Form& form, double left, double top, double width, double 
     amounts.AddItem(row[0], Variant(), row[1]);
 
   const double second = top + note + box + gap;
-  PlaceNote(form, u"ListTitleMany", left, second, half,
-            u"400 rows, dates in the tag column");
+  PlaceNote(form, u"ListTitleMany", left, second, half, u"400 rows, dates in the tag column");
   auto& many = PlaceList(form, u"ElsManyRows", left, second + note, half, box);
   many.SetShowTags(true);
   many.SetTagColumnWidth(1300);

@@ -2,6 +2,7 @@
 #include <string>
 #include <vector>
 
+#include "apps/gallery_place.h"
 #include "apps/gallery_sections.h"
 #include "controls/display/label.h"
 #include "controls/display/progress_bar.h"
@@ -15,17 +16,6 @@ constexpr double kBarHeight = 375;
 constexpr double kRowStep = 480;
 constexpr double kVerticalWidth = 600;
 constexpr double kVerticalHeight = 2300;
-
-ZKControl& Place(Form& form, std::u16string_view kind, std::u16string_view name, double left,
-                 double top, double width, double height) {
-  ZKControl& control = form.AddControl(kind, name);
-  DispatchObject& extender = *form.FindExtender(name);
-  extender.SetProperty(u"Left", Variant(left));
-  extender.SetProperty(u"Top", Variant(top));
-  extender.SetProperty(u"Width", Variant(width));
-  extender.SetProperty(u"Height", Variant(height));
-  return control;
-}
 
 ZKProgessBar& PlaceBar(Form& form, std::u16string_view name, double left, double top, double width,
                        double height, zktPBDirection direction, int32_t progress, bool percentage,

@@ -1,6 +1,7 @@
 #include <string>
 #include <vector>
 
+#include "apps/gallery_place.h"
 #include "apps/gallery_sections.h"
 #include "controls/display/label.h"
 #include "controls/display/progress_bar.h"
@@ -15,17 +16,6 @@ namespace {
 constexpr double kPixel = 15;  // twips at the gallery's 96 dpi
 constexpr double kRow = 32 * kPixel;
 constexpr double kThickness = 25 * kPixel;
-
-ZKControl& Place(Form& form, std::u16string_view kind, std::u16string_view name, double left,
-                 double top, double width, double height) {
-  ZKControl& control = form.AddControl(kind, name);
-  DispatchObject& extender = *form.FindExtender(name);
-  extender.SetProperty(u"Left", Variant(left));
-  extender.SetProperty(u"Top", Variant(top));
-  extender.SetProperty(u"Width", Variant(width));
-  extender.SetProperty(u"Height", Variant(height));
-  return control;
-}
 
 ZKSlider& PlaceSlider(Form& form, std::u16string_view name, double left, double top, double width,
                       double height) {

@@ -1,5 +1,6 @@
 #include <string>
 
+#include "apps/gallery_place.h"
 #include "apps/gallery_sections.h"
 #include "controls/display/label.h"
 #include "controls/text/multi_line_text_edit.h"
@@ -14,17 +15,6 @@ constexpr double kRowHeight = 450;
 constexpr double kEditHeight = 315;
 constexpr double kLabelWidth = 900;
 constexpr double kColumnGap = 150;
-
-ZKControl& Place(Form& form, std::u16string_view kind, std::u16string_view name, double left,
-                 double top, double width, double height) {
-  ZKControl& control = form.AddControl(kind, name);
-  DispatchObject& extender = *form.FindExtender(name);
-  extender.SetProperty(u"Left", Variant(left));
-  extender.SetProperty(u"Top", Variant(top));
-  extender.SetProperty(u"Width", Variant(width));
-  extender.SetProperty(u"Height", Variant(height));
-  return control;
-}
 
 // One entry of the section: what it shows, and how its editor is set up.
 struct TextSample {
