@@ -14,7 +14,7 @@ HeadlessForm::HeadlessForm(HeadlessPlatform& platform)
     : Form(platform, platform.Recorder()),
       platform_(platform),
       window_(platform.Windows().CreateWindow(0, u"Form", {0, 0, 640, 480})) {
-  platform_.Windows().SetActiveWindow(window_);
+  platform_.Windows().ActivateWindow(window_);
 }
 
 HeadlessForm::~HeadlessForm() {

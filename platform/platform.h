@@ -27,6 +27,14 @@ class IPlatform {
 
   // A new font object with the platform's default values.
   FontRef NewFont() { return StdFont::Create(FontCatalogue()); }
+
+  // Whether the application allows modeless windows; when it does not, a popup window's
+  // modeless show is refused. Allowed by default.
+  bool NonModalAllowed() const { return non_modal_allowed_; }
+  void SetNonModalAllowed(bool allowed) { non_modal_allowed_ = allowed; }
+
+ private:
+  bool non_modal_allowed_ = true;
 };
 
 // The platform of this process (all controls run on one user-interface thread). Throws ZKError

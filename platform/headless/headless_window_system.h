@@ -43,7 +43,6 @@ class HeadlessWindowSystem final : public ProcedureWindowSystem {
   // The horizontal extent a list box was given, in pixels (0 for none or no list box).
   int32_t ListHorizontalExtent(WindowHandle list_box) const;
 
-  void SetActiveWindow(WindowHandle window) { active_window_ = window; }
   void SetCapture(WindowHandle window) { capture_ = window; }
   WindowHandle Capture() const { return capture_; }
 
@@ -55,7 +54,6 @@ class HeadlessWindowSystem final : public ProcedureWindowSystem {
   bool GetWindowRect(WindowHandle window, PixelRect& rect) const override;
   bool ScreenToClient(WindowHandle window, PixelPoint& point) const override;
   bool ReleaseCapture() override;
-  WindowHandle GetActiveWindow() const override { return active_window_; }
 
  private:
   struct Window : WindowState {
@@ -80,7 +78,6 @@ class HeadlessWindowSystem final : public ProcedureWindowSystem {
   std::map<WindowHandle, Window> windows_;
   WindowHandle next_handle_ = 0x00010010;
   uint64_t next_stack_order_ = 1;
-  WindowHandle active_window_ = 0;
   WindowHandle capture_ = 0;
   std::vector<MessageRecord> delivered_;
 };

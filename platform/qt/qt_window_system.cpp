@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QWheelEvent>
+#include <QWindow>
 #include <utility>
 
 #include "platform/window_messages.h"
@@ -25,7 +26,14 @@ class QtWindowSystem::MessageRouter final : public QObject {
 };
 
 QtWindowSystem::QtWindowSystem()
-    : ProcedureWindowSystem(0x00501000), router_(std::make_unique<MessageRouter>(*this)) {}
+    : ProcedureWindowSystem(0x00501000), router_(std::make_unique<MessageRouter>(*this)) {
+  // Qt tells which window has the focus; a moment without one (between two windows, or while
+  // the application is in the background) leaves the last active window in place.
+  QObject::connect(qApp, &QGuiApplication::focusWindowChanged, router_.get(), [this](QWindow*) {
+    const WindowHandle active = HandleOf(QApplication::activeWindow());
+    if (active != 0) NoteActivated(active);
+  });
+}
 
 QtWindowSystem::~QtWindowSystem() {
   for (auto& [handle, window] : windows_) {
@@ -68,6 +76,7 @@ void QtWindowSystem::Destroyed(WindowHandle window) {
   if (found == windows_.end()) return;
   // A widget that is going is no longer one to use, also for the procedures told of it.
   found->second.widget = nullptr;
+  if (GetActiveWindow() == window) NoteActivated(0);
   SendMessage(window, window_message::kDestroy, 0, 0);
   SendMessage(window, window_message::kNcDestroy, 0, 0);
   found = windows_.find(window);  // a procedure may have done anything meanwhile
@@ -118,8 +127,8 @@ bool QtWindowSystem::ReleaseCapture() {
   return true;
 }
 
-WindowHandle QtWindowSystem::GetActiveWindow() const {
-  return HandleOf(QApplication::activeWindow());
+void QtWindowSystem::RequestActivation(WindowHandle window) {
+  if (QWidget* widget = Widget(window)) widget->window()->activateWindow();
 }
 
 bool QtWindowSystem::Route(WindowHandle window, uint32_t message, int32_t wparam, int32_t lparam) {

@@ -44,7 +44,6 @@ class QtWindowSystem final : public ProcedureWindowSystem {
   bool GetWindowRect(WindowHandle window, PixelRect& rect) const override;
   bool ScreenToClient(WindowHandle window, PixelPoint& point) const override;
   bool ReleaseCapture() override;
-  WindowHandle GetActiveWindow() const override;
 
  private:
   class MessageRouter;
@@ -61,6 +60,7 @@ class QtWindowSystem final : public ProcedureWindowSystem {
   // The widget's own handling is Qt's: the event goes on to the widget.
   void OnClassProcedure(WindowHandle window, uint32_t message, int32_t wparam,
                         int32_t lparam) override;
+  void RequestActivation(WindowHandle window) override;
   // Sends a message that Qt is about to handle; true when the widget's own procedure ran.
   bool Route(WindowHandle window, uint32_t message, int32_t wparam, int32_t lparam);
 
