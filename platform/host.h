@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string_view>
+#include <vector>
 
 #include "foundation/dispatch_object.h"
 #include "foundation/signal.h"
@@ -63,6 +64,11 @@ class IControlSite {
   // A popup window owned by this control (hidden at first). It must be destroyed before this
   // control's site; destroying it while it is shown, even inside its modal loop, hides it.
   virtual std::unique_ptr<IPopupWindow> CreatePopupWindow() = 0;
+
+  // The controls that the host placed inside this control, when its kind is a container: their
+  // automation objects, in the host's order (the order of placement). Empty for a control that
+  // holds nothing, and for a part.
+  virtual std::vector<ObjectRef> ContainedControls() = 0;
 };
 
 }  // namespace zk

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "platform/common/form_ambient.h"
 #include "platform/common/form_extender.h"
@@ -42,7 +44,14 @@ class ControlSiteState : public IControlSite {
   std::unique_ptr<IPopupWindow> CreatePopupWindow() override {
     return SiteT::MakePopup(platform_, ambient_, surface_);
   }
+  std::vector<ObjectRef> ContainedControls() override {
+    return contents_ ? contents_() : std::vector<ObjectRef>{};
+  }
   bool IsPart() const { return is_part_; }
+  // Where a container's site finds the controls that the form placed inside it.
+  void SetContainedControls(std::function<std::vector<ObjectRef>()> contents) {
+    contents_ = std::move(contents);
+  }
 
  protected:
   template <typename... SurfaceArgs>
@@ -62,6 +71,7 @@ class ControlSiteState : public IControlSite {
   bool is_part_;
   FormExtender extender_;
   SurfaceT surface_;
+  std::function<std::vector<ObjectRef>()> contents_;
 };
 
 }  // namespace zk

@@ -4,6 +4,7 @@
 
 #include "controls/control_kinds.h"
 #include "support/test_composite.h"
+#include "support/test_plain.h"
 #include "support/test_popup_owner.h"
 
 namespace zk {
@@ -19,6 +20,11 @@ void RegisterTestControlKinds() {
                                     return std::make_shared<ZKTestPopupOwner>(site);
                                   },
                                   2880, 375, false, true, true});
+  RegisterControlKind(ControlKind{u"ZKTestPlain",
+                                  [](IControlSite& site) -> std::shared_ptr<ZKControl> {
+                                    return std::make_shared<ZKTestPlain>(site);
+                                  },
+                                  600, 300, false, false, false});
 }
 
 }  // namespace zk
