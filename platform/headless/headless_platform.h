@@ -1,10 +1,8 @@
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
-#include <utility>
 
 #include "foundation/debug_utils.h"
 #include "platform/common/platform_recorder.h"
@@ -14,7 +12,6 @@
 #include "platform/headless/headless_timer_service.h"
 #include "platform/headless/headless_window_system.h"
 #include "platform/platform.h"
-#include "platform/popup_window.h"
 
 namespace zk {
 
@@ -48,13 +45,6 @@ class HeadlessPlatform final : public IPlatform {
   int64_t Now() const { return timers_.Now(); }
   void Advance(int32_t milliseconds) { timers_.Advance(milliseconds); }
 
-  // What a user does while a popup window is shown modal: the modal show runs it in place of a
-  // message loop (and hides a window still shown when it returns). Without one, a modal show
-  // returns at once.
-  using ModalCallback = std::function<void(IPopupWindow& window)>;
-  void SetModalCallback(ModalCallback callback) { modal_callback_ = std::move(callback); }
-  const ModalCallback& GetModalCallback() const { return modal_callback_; }
-
  private:
   PlatformRecorder recorder_;
   HeadlessScreen screen_;
@@ -64,7 +54,6 @@ class HeadlessPlatform final : public IPlatform {
   std::unique_ptr<ILocale> locale_;
   HeadlessTimerService timers_;
   MDebugUtils::TraceSink previous_sink_;
-  ModalCallback modal_callback_;
 };
 
 }  // namespace zk

@@ -59,6 +59,8 @@ void HeadlessPopupWindow::RunModalLoop(const std::shared_ptr<bool>& alive) {
 }
 
 void HeadlessPopupWindow::DragStarted() {
+  // The drag has the mouse from now on: the press that started it ends without a release.
+  site_->Surface().CancelPress();
   HeadlessScreen& screen = platform_.Screen();
   cursor_moved_ = screen.CursorMoved().Connect([this] { FollowPointer(); });
   button_released_ = screen.ButtonReleased().Connect([this] { EndDrag(); });

@@ -1,6 +1,7 @@
 #include "platform/qt/qt_popup_window.h"
 
 #include <QEvent>
+#include <QTimer>
 #include <QWindow>
 #include <utility>
 
@@ -24,6 +25,8 @@ class QtPopupWindow::DragFilter final : public QObject {
       return true;
     }
     if (event->type() == QEvent::MouseButtonRelease) {
+      // The window ends where the pointer lets go of it.
+      window_.FollowPointer();
       window_.EndDrag();
       return true;
     }
@@ -81,6 +84,14 @@ void QtPopupWindow::PlaceWindow(const PixelRect& rect, double width, double heig
 void QtPopupWindow::RunModalLoop(const std::shared_ptr<bool>& alive) {
   QEventLoop loop;
   QEventLoop* const outer = std::exchange(loop_, &loop);
+  // What acts as the user runs once the loop has started; a window it leaves shown is hidden,
+  // which ends the loop. The callback is a copy: it may replace itself, or destroy this window.
+  if (IPlatform::ModalCallback callback = platform_.GetModalCallback()) {
+    QTimer::singleShot(0, &loop, [this, alive, callback = std::move(callback)] {
+      callback(*this);
+      if (*alive && Visible()) Hide();
+    });
+  }
   loop.exec();
   if (*alive) loop_ = outer;
 }
@@ -90,11 +101,15 @@ void QtPopupWindow::EndModalLoop() {
 }
 
 void QtPopupWindow::DragStarted() {
+  // Moves reach the window whether or not Qt knows of the button held (the grab of a platform
+  // that cannot grab is only Qt's own).
+  widget_->setMouseTracking(true);
   widget_->grabMouse();
 }
 
 void QtPopupWindow::DragEnded() {
   widget_->releaseMouse();
+  widget_->setMouseTracking(false);
 }
 
 }  // namespace zk

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QWheelEvent>
 #include <QWindow>
+#include <algorithm>
 #include <utility>
 
 #include "platform/window_messages.h"
@@ -28,11 +29,34 @@ class QtWindowSystem::MessageRouter final : public QObject {
 QtWindowSystem::QtWindowSystem()
     : ProcedureWindowSystem(0x00501000), router_(std::make_unique<MessageRouter>(*this)) {
   // Qt tells which window has the focus; a moment without one (between two windows, or while
-  // the application is in the background) leaves the last active window in place.
-  QObject::connect(qApp, &QGuiApplication::focusWindowChanged, router_.get(), [this](QWindow*) {
-    const WindowHandle active = HandleOf(QApplication::activeWindow());
-    if (active != 0) NoteActivated(active);
-  });
+  // the application is in the background) leaves the last active window in place. Qt reports
+  // the activations this system asked for later, in their order: those were told when they
+  // were asked for, and their late reports (and older ones meanwhile) must not bring back a
+  // window that is no longer the active one. A window that nobody here asked for is the user's.
+  QObject::connect(qApp, &QGuiApplication::focusWindowChanged, router_.get(),
+                   [this](QWindow* focus) {
+                     // The window Qt names, not QApplication's active window, which may not have
+                     // caught up yet.
+                     WindowHandle active = 0;
+                     for (const auto& [handle, window] : windows_) {
+                       if (window.widget != nullptr && window.widget->isWindow() &&
+                           window.widget->windowHandle() == focus) {
+                         active = handle;
+                       }
+                     }
+                     if (active == 0) return;
+                     std::deque<WindowHandle>& asked = requested_activations_;
+                     if (!asked.empty() && asked.front() == active) {
+                       asked.pop_front();
+                       return;
+                     }
+                     // A window that was asked for and whose turn has not come: a report from
+                     // before the requests (the form's first showing, for instance).
+                     if (std::find(asked.begin(), asked.end(), active) != asked.end()) return;
+                     // The user (or the window manager) activated the window.
+                     requested_activations_.clear();
+                     NoteActivated(active);
+                   });
 }
 
 QtWindowSystem::~QtWindowSystem() {
@@ -128,7 +152,16 @@ bool QtWindowSystem::ReleaseCapture() {
 }
 
 void QtWindowSystem::RequestActivation(WindowHandle window) {
-  if (QWidget* widget = Widget(window)) widget->window()->activateWindow();
+  QWidget* widget = Widget(window);
+  if (widget == nullptr) return;
+  QWidget* top = widget->window();
+  // Qt reports nothing for the window that is active already, when nothing else is on its way.
+  if (QApplication::activeWindow() == top && requested_activations_.empty()) return;
+  // Qt reports a run of requests for one window once.
+  const WindowHandle handle = HandleOf(top);
+  if (requested_activations_.empty() || requested_activations_.back() != handle)
+    requested_activations_.push_back(handle);
+  top->activateWindow();
 }
 
 bool QtWindowSystem::Route(WindowHandle window, uint32_t message, int32_t wparam, int32_t lparam) {

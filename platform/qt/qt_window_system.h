@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QWidget>
+#include <deque>
 #include <map>
 #include <memory>
 #include <string>
@@ -70,6 +71,9 @@ class QtWindowSystem final : public ProcedureWindowSystem {
   std::map<const QObject*, WindowHandle> handles_;
   WindowHandle next_handle_ = 0x00020010;
   bool class_procedure_ran_ = false;
+  // The top-level windows whose activation was asked of Qt and that Qt has not reported yet,
+  // oldest first.
+  std::deque<WindowHandle> requested_activations_;
 };
 
 }  // namespace zk

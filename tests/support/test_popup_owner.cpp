@@ -1,8 +1,10 @@
 #include "support/test_popup_owner.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/platform.h"
+#include "services/gui_utils.h"
 
 namespace zk {
 namespace {
@@ -11,6 +13,8 @@ using automation::Method;
 using automation::RequiredArgument;
 
 constexpr double kPopupHeight = 1200;
+// The window's background shows around the parts: pressing there drags the window.
+constexpr double kMargin = 120;
 
 ZKTestPopupOwner& Self(ZKControl& control) {
   return static_cast<ZKTestPopupOwner&>(control);
@@ -29,8 +33,12 @@ ZKTestPopupOwner::ZKTestPopupOwner(IControlSite& site)
   connections_.push_back(cmd_ok_->Click.Connect([this] { CloseFor(u"cmdOk"); }));
   connections_.push_back(cmd_cancel_->Click.Connect([this] { CloseFor(u"cmdCancel"); }));
   connections_.push_back(popup_->Site().Surface().Resized().Connect([this] { Layout(); }));
+  connections_.push_back(
+      popup_->Site().Surface().MouseDown().Connect([this](int16_t button, int16_t, float, float) {
+        if (button == 1) MGuiUtils::DragWindow(popup_->hWnd());
+      }));
   connections_.push_back(CurrentPlatform().Windows().Activated().Connect(
-      [this](WindowHandle window) { WindowActivated.Raise(window); }));
+      [this](WindowHandle window) { WindowActivated.Raise(window == popup_->hWnd()); }));
   connections_.push_back(focus_watch_.Timer().Connect([this] { Watch(); }));
   focus_watch_.SetInterval(100);
 }
@@ -39,11 +47,11 @@ ZKTestPopupOwner::~ZKTestPopupOwner() = default;
 
 void ZKTestPopupOwner::Layout() {
   ISurface& surface = popup_->Site().Surface();
-  const double width = surface.ScaleWidth();
-  const double height = surface.ScaleHeight();
-  ted_value_.Move(0, 0, width, height / 2);
-  cmd_ok_.Move(0, height / 2, width / 2, height / 2);
-  cmd_cancel_.Move(width / 2, height / 2, width / 2, height / 2);
+  const double width = std::max(surface.ScaleWidth() - 2 * kMargin, 0.0);
+  const double height = std::max(surface.ScaleHeight() - 2 * kMargin, 0.0);
+  ted_value_.Move(kMargin, kMargin, width, height / 2);
+  cmd_ok_.Move(kMargin, kMargin + height / 2, width / 2, height / 2);
+  cmd_cancel_.Move(kMargin + width / 2, kMargin + height / 2, width / 2, height / 2);
 }
 
 bool ZKTestPopupOwner::Open(bool modal) {
@@ -82,12 +90,34 @@ void ZKTestPopupOwner::Watch() {
   if (CurrentPlatform().Windows().GetActiveWindow() != popup_->hWnd()) CloseFor(u"focus");
 }
 
+IPopupWindow* ZKTestPopupOwner::NamedPopup(std::u16string_view name) {
+  return MemberNameEquals(name, u"ListWindow") ? popup_.get() : nullptr;
+}
+
 bool ZKTestPopupOwner::PopupVisible() const {
   return popup_->Visible();
 }
 
 int32_t ZKTestPopupOwner::PopupWindow() const {
   return popup_->hWnd();
+}
+
+bool ZKTestPopupOwner::PopupActive() const {
+  return CurrentPlatform().Windows().GetActiveWindow() == popup_->hWnd();
+}
+
+double ZKTestPopupOwner::PopupX() const {
+  IPlatform& platform = CurrentPlatform();
+  PixelRect rect;
+  platform.Windows().GetWindowRect(Surface().hWnd(), rect);
+  return popup_->Left() - rect.left * platform.Screen().TwipsPerPixelX();
+}
+
+double ZKTestPopupOwner::PopupY() const {
+  IPlatform& platform = CurrentPlatform();
+  PixelRect rect;
+  platform.Windows().GetWindowRect(Surface().hWnd(), rect);
+  return popup_->Top() - rect.top * platform.Screen().TwipsPerPixelY();
 }
 
 std::u16string ZKTestPopupOwner::PopupText() const {
@@ -102,6 +132,9 @@ const PropertyTable& ZKTestPopupOwner::Properties() const {
       {
           ReadOnly(u"PopupVisible", &C::PopupVisible),
           ReadOnly(u"PopupWindow", &C::PopupWindow),
+          ReadOnly(u"PopupActive", &C::PopupActive),
+          ReadOnly(u"PopupX", &C::PopupX),
+          ReadOnly(u"PopupY", &C::PopupY),
           ReadOnly(u"PopupText", &C::PopupText),
           Member(Method(u"Open",
                         [](ZKControl& control, std::span<Variant> args) {
