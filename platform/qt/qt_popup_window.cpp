@@ -47,12 +47,7 @@ QtPopupWindow::QtPopupWindow(QtPlatform& platform, FormAmbient& ambient, QtSurfa
       site_(std::make_unique<QtControlSite>(platform, ambient, widget_.get(),
                                             QtControlSite::InPopup{})) {
   widget_->installEventFilter(drag_filter_.get());
-  // The window stays above its owner's form and goes with it, without being its child.
-  widget_->winId();
-  QWidget* form = owner_ ? owner_->window() : nullptr;
-  if (form != nullptr && form->windowHandle() != nullptr && widget_->windowHandle() != nullptr) {
-    widget_->windowHandle()->setTransientParent(form->windowHandle());
-  }
+  widget_->winId();  // the native window, for its transient parent
   Attach();
 }
 
@@ -71,6 +66,12 @@ void QtPopupWindow::ShowWindow(bool shown) {
   if (!shown) {
     widget_->hide();
     return;
+  }
+  // The window stays above its owner's form and goes with it, without being its child; the
+  // form may have been shown only after the window was made.
+  QWidget* form = owner_ ? owner_->window() : nullptr;
+  if (form != nullptr && form->windowHandle() != nullptr && widget_->windowHandle() != nullptr) {
+    widget_->windowHandle()->setTransientParent(form->windowHandle());
   }
   widget_->show();
   widget_->raise();

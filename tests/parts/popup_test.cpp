@@ -3,6 +3,9 @@
 #include <QApplication>
 #include <QMouseEvent>
 #include <QTimer>
+#include <QWindow>
+#include <algorithm>
+#include <cmath>
 #include <functional>
 #include <string>
 #include <vector>
@@ -284,6 +287,47 @@ TEST(HeadlessPopupTest, PlacesThatAreNotNumbersOrFarAwayAreHandled) {
   PixelRect rect;
   EXPECT_TRUE(host.platform.Windows().GetWindowRect(popup.hWnd(), rect));
   EXPECT_EQ(rect.left, 100000000);
+}
+
+// The window is a top-level window of its own, and the parts' windows lie inside it.
+TEST(HeadlessPopupTest, TheWindowIsATopLevelWindowHoldingItsParts) {
+  HeadlessHost host;
+  RegisterTestControlKinds();
+  auto& owner = static_cast<ZKTestPopupOwner&>(host.form.AddControl(u"ZKTestPopupOwner", u"P"));
+  const WindowHandle popup = owner.PopupWindow();
+  EXPECT_EQ(host.ParentWindow(popup), 0);
+  EXPECT_NE(popup, host.FormWindow());
+  WindowHandle top = owner.OkSurface().hWnd();
+  while (host.ParentWindow(top) != 0)
+    top = host.ParentWindow(top);
+  EXPECT_EQ(top, popup);
+  EXPECT_FALSE(owner.PopupVisible());
+  const int32_t style = host.platform.Windows().GetWindowLong(popup, window_long::kStyle);
+  EXPECT_EQ(style & window_style::kVisible, 0);
+  ASSERT_TRUE(owner.Open(false));
+  EXPECT_NE(
+      host.platform.Windows().GetWindowLong(popup, window_long::kStyle) & window_style::kVisible,
+      0);
+}
+
+// On Qt the window is a frameless tool window whose transient parent is the form (a Qt::Popup
+// would grab the input and close itself), and the parts' widgets lie in it.
+TEST(QtPopupTest, TheWindowIsAFramelessToolWindowOverTheForm) {
+  QtHost host;
+  RegisterTestControlKinds();
+  auto& owner = static_cast<ZKTestPopupOwner&>(host.form.AddControl(u"ZKTestPopupOwner", u"P"));
+  QWidget* window = host.platform.Windows().Widget(owner.PopupWindow());
+  ASSERT_NE(window, nullptr);
+  EXPECT_TRUE(window->isWindow());
+  EXPECT_EQ(window->windowType(), Qt::Tool);
+  EXPECT_TRUE(window->windowFlags().testFlag(Qt::FramelessWindowHint));
+  EXPECT_EQ(static_cast<QtSurface&>(owner.OkSurface()).Widget()->window(), window);
+  ASSERT_TRUE(owner.Open(false));
+  EXPECT_TRUE(window->isVisible());
+  ASSERT_NE(window->windowHandle(), nullptr);
+  EXPECT_EQ(window->windowHandle()->transientParent(), host.form.Widget()->windowHandle());
+  owner.ClosePopup();
+  EXPECT_FALSE(window->isVisible());
 }
 
 }  // namespace
