@@ -34,29 +34,30 @@ QtWindowSystem::QtWindowSystem()
   // were asked for, and their late reports (and older ones meanwhile) must not bring back a
   // window that is no longer the active one. A window that nobody here asked for is the user's.
   QObject::connect(qApp, &QGuiApplication::focusWindowChanged, router_.get(),
-                   [this](QWindow* focus) {
-                     // The window Qt names, not QApplication's active window, which may not have
-                     // caught up yet.
-                     WindowHandle active = 0;
-                     for (const auto& [handle, window] : windows_) {
-                       if (window.widget != nullptr && window.widget->isWindow() &&
-                           window.widget->windowHandle() == focus) {
-                         active = handle;
-                       }
-                     }
-                     if (active == 0) return;
-                     std::deque<WindowHandle>& asked = requested_activations_;
-                     if (!asked.empty() && asked.front() == active) {
-                       asked.pop_front();
-                       return;
-                     }
-                     // A window that was asked for and whose turn has not come: a report from
-                     // before the requests (the form's first showing, for instance).
-                     if (std::find(asked.begin(), asked.end(), active) != asked.end()) return;
-                     // The user (or the window manager) activated the window.
-                     requested_activations_.clear();
-                     NoteActivated(active);
-                   });
+                   [this](QWindow* focus) { FocusWindowChanged(focus); });
+}
+
+void QtWindowSystem::FocusWindowChanged(QWindow* focus) {
+  // The window Qt names, not QApplication's active window, which may not have caught up yet.
+  WindowHandle active = 0;
+  for (const auto& [handle, window] : windows_) {
+    if (window.widget != nullptr && window.widget->isWindow() &&
+        window.widget->windowHandle() == focus) {
+      active = handle;
+    }
+  }
+  if (active == 0) return;
+  std::deque<WindowHandle>& asked = requested_activations_;
+  if (!asked.empty() && asked.front() == active) {
+    asked.pop_front();
+    return;
+  }
+  // A window that was asked for and whose turn has not come: a report from before the
+  // requests (the form's first showing, for instance).
+  if (std::find(asked.begin(), asked.end(), active) != asked.end()) return;
+  // The user (or the window manager) activated the window.
+  asked.clear();
+  NoteActivated(active);
 }
 
 QtWindowSystem::~QtWindowSystem() {

@@ -12,6 +12,7 @@
 #include "platform/common/procedure_window_system.h"
 
 class QWheelEvent;
+class QWindow;
 
 namespace zk {
 
@@ -62,6 +63,8 @@ class QtWindowSystem final : public ProcedureWindowSystem {
   void OnClassProcedure(WindowHandle window, uint32_t message, int32_t wparam,
                         int32_t lparam) override;
   void RequestActivation(WindowHandle window) override;
+  // Qt reports that `focus` (a top-level window, or none) has the focus now.
+  void FocusWindowChanged(QWindow* focus);
   // Sends a message that Qt is about to handle; true when the widget's own procedure ran.
   bool Route(WindowHandle window, uint32_t message, int32_t wparam, int32_t lparam);
 
