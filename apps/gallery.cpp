@@ -141,7 +141,7 @@ int RunGallery(const GalleryOptions& options) {
   QtForm form(platform);
   QWidget* window = form.Widget();
   window->setWindowTitle(QStringLiteral("ZKBaseGUIControls gallery"));
-  window->resize(900, 1130);
+  window->resize(1410, 1130);
   BuildLabels(form);
   BuildButtonGallery(form, 240, 4350, 7800, 2700);
   BuildLampGallery(form, 8250, 900, 5000, 3300);
@@ -150,6 +150,7 @@ int RunGallery(const GalleryOptions& options) {
       BuildProgressGallery(form, 240, 7350, 13000, 3200);
   const ScopedConnection frame_toggle = BuildFrameGallery(form, 240, 10650, 13000, 2700);
   BuildSliderGallery(form, 240, 13500, 13000, 2700);
+  BuildListGallery(form, 13500, 900, 7450, 8400);
 
   const QString archive = options.archive_file.empty()
                               ? DefaultArchiveFile()
@@ -159,8 +160,8 @@ int RunGallery(const GalleryOptions& options) {
   auto* save = new QPushButton(QStringLiteral("Save"), window);
   auto* restore = new QPushButton(QStringLiteral("Restore"), window);
   status->setGeometry(16, 1092, 560, 24);
-  save->setGeometry(726, 1090, 75, 26);
-  restore->setGeometry(808, 1090, 75, 26);
+  save->setGeometry(1236, 1090, 75, 26);
+  restore->setGeometry(1318, 1090, 75, 26);
   QObject::connect(save, &QPushButton::clicked, [&form, archive, status] {
     status->setText(SaveArchives(form, archive) ? QStringLiteral("Saved to ") + archive
                                                 : QStringLiteral("Cannot write ") + archive);

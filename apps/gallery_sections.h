@@ -18,6 +18,7 @@ void BuildTextGallery(Form& form, double left, double top, double width, double 
 ScopedConnection BuildFrameGallery(Form& form, double left, double top, double width,
                                    double height);
 void BuildSliderGallery(Form& form, double left, double top, double width, double height);
+void BuildListGallery(Form& form, double left, double top, double width, double height);
 
 // A timer that moves a section's controls while the gallery is live; it goes before the form.
 struct GalleryTicker {

@@ -9,6 +9,7 @@
 #include "controls/display/label.h"
 #include "controls/display/led.h"
 #include "controls/display/progress_bar.h"
+#include "controls/lists/edit_list.h"
 #include "controls/slider/slider.h"
 #include "controls/text/multi_line_text_edit.h"
 #include "controls/text/text_edit.h"
@@ -32,6 +33,7 @@ const std::array kKinds = {
     ControlKind{u"ZKTextEdit", &Create<ZKTextEdit>, 1215, 315, false, true, true},
     ControlKind{u"ZKMultiLineTextEdit", &Create<ZKMultiLineTextEdit>, 1935, 975, false, true, true},
     ControlKind{u"ZKSlider", &Create<ZKSlider>, 2880, 375, false, true, true},
+    ControlKind{u"ZKEditList", &Create<ZKEditList>, 3000, 1500, false, true, true},
 };
 
 // Kinds added at run time; a deque keeps the addresses that forms hold.

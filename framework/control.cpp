@@ -140,6 +140,9 @@ std::u16string ZKControl::GetArchiveStr() {
           elements[static_cast<size_t>(index)] = MArchiveUtils::ArchiveEscapeFont(*font);
           break;
         }
+        case ArchiveKind::kStringList:
+          elements[static_cast<size_t>(index)] = value.ToText();
+          break;
       }
     }
     return MArchiveUtils::ArchiveJoinElements(elements);
@@ -175,6 +178,9 @@ bool ZKControl::ParseArchiveStr(std::u16string_view p_str) {
           break;
         case ArchiveKind::kFont:
           value = Variant(MArchiveUtils::ArchiveUnescapeFont(element, CurrentPlatform().NewFont()));
+          break;
+        case ArchiveKind::kStringList:
+          value = Variant(element);
           break;
       }
       if (field.set) {

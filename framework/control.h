@@ -74,8 +74,8 @@ class ZKControl : public DispatchObject {
   // a new control takes the table's new-control values, a loaded one stores what the bag holds
   // (notifying nothing), and writing persists every row with its default.
   void InitProperties();
-  void ReadProperties(IPropertyBag& bag);
-  void WriteProperties(IPropertyBag& bag);
+  virtual void ReadProperties(IPropertyBag& bag);
+  virtual void WriteProperties(IPropertyBag& bag);
 
   // The elements of the archive string after the extender block, in their order.
   std::span<const ArchiveField> ArchiveFields() const { return Properties().ArchiveFields(); }

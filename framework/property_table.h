@@ -17,8 +17,9 @@ namespace zk {
 
 class ZKControl;
 
-// How an archive element is written and read.
-enum class ArchiveKind { kText, kNumber, kBool, kFont };
+// How an archive element is written and read. A string list element is a list of texts that
+// the archive codec joined already (ArchiveJoinStrings): it goes into the string as it is.
+enum class ArchiveKind { kText, kNumber, kBool, kFont, kStringList };
 
 // One element of a control's archive string after the extender block. The element is read and
 // written through the control's public property of that name, so that parsing validates,

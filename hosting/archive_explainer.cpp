@@ -52,6 +52,11 @@ std::u16string Decoded(ArchiveKind kind, std::u16string_view element) {
     }
     case ArchiveKind::kFont:
       return u"font";
+    case ArchiveKind::kStringList: {
+      const size_t count = element.empty() ? 0 : MArchiveUtils::ArchiveSplitStrings(element).size();
+      return u"string list of " + Utf8ToUtf16(std::to_string(count)) +
+             (count == 1 ? u" text" : u" texts");
+    }
   }
   return {};
 }
@@ -101,6 +106,13 @@ std::vector<std::u16string> ExplainArchive(Form& form, std::u16string_view kind,
     }
     const ArchiveField& field = fields[i - 1];
     lines.push_back(Index(i) + u"  " + Padded(what, 22) + Decoded(field.kind, element));
+    if (field.kind == ArchiveKind::kStringList && !element.empty()) {
+      const std::vector<std::u16string> texts = MArchiveUtils::ArchiveSplitStrings(element);
+      for (size_t t = 0; t < texts.size(); ++t) {
+        lines.push_back(u"       " + Padded(u"[" + Utf8ToUtf16(std::to_string(t)) + u"]", 15) +
+                        u"text \"" + texts[t] + u"\"");
+      }
+    }
     if (field.kind == ArchiveKind::kFont) {
       const auto parts = MArchiveUtils::ArchiveSplit(element, MArchiveUtils::kFontSeparator, false);
       if (parts.size() < kFontFields.size()) {

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/common/list_rows.h"
 #include "platform/common/procedure_window_system.h"
 #include "platform/elements.h"
 #include "platform/font_catalogue.h"
@@ -51,20 +52,20 @@ class ListBoxState : public Base {
     Relayout(0);
   }
 
-  int32_t ListCount() const override { return static_cast<int32_t>(rows_.size()); }
+  int32_t ListCount() const override { return rows_.Size(); }
   std::u16string List(int32_t index) const override {
-    return IsRow(index) ? rows_[static_cast<size_t>(index)] : std::u16string();
+    return IsRow(index) ? rows_.At(index) : std::u16string();
   }
   bool SetList(int32_t index, std::u16string_view text) override {
     if (!IsRow(index)) return false;
-    rows_[static_cast<size_t>(index)] = text;
+    rows_.Set(index, text);
     RowChanged(index);
     return true;
   }
   bool AddItem(std::u16string_view text, int32_t index) override {
     if (index == -1) index = ListCount();
     if (index < 0 || index > ListCount()) return false;
-    rows_.insert(rows_.begin() + index, std::u16string(text));
+    rows_.Insert(index, text);
     unsigned shown = 0;
     if (list_index_ >= index) {
       ++list_index_;
@@ -76,7 +77,7 @@ class ListBoxState : public Base {
   }
   bool RemoveItem(int32_t index) override {
     if (!IsRow(index)) return false;
-    rows_.erase(rows_.begin() + index);
+    rows_.Erase(index);
     unsigned shown = 0;
     if (list_index_ == index) {
       list_index_ = -1;
@@ -90,7 +91,7 @@ class ListBoxState : public Base {
     return true;
   }
   void Clear() override {
-    rows_.clear();
+    rows_.Clear();
     list_index_ = -1;
     top_index_ = 0;
     RowsCleared();
@@ -265,7 +266,7 @@ class ListBoxState : public Base {
     const int64_t row = static_cast<int64_t>(top_index_) + py / row_height_;
     return row < ListCount() ? static_cast<int32_t>(row) : -1;
   }
-  const std::vector<std::u16string>& Rows() const { return rows_; }
+  const ListRows& Rows() const { return rows_; }
   // Reads false once the box is being destroyed (a handler may destroy it while it raises
   // events): a caller that raises several keeps a copy and checks it between them.
   std::shared_ptr<bool> Alive() const { return alive_; }
@@ -465,7 +466,7 @@ class ListBoxState : public Base {
   const IScreen& screen_;
   std::shared_ptr<const IFontCatalogue> fonts_;
   WindowHandle window_ = 0;
-  std::vector<std::u16string> rows_;
+  ListRows rows_;
   int32_t list_index_ = -1;
   int32_t top_index_ = 0;
   OLE_COLOR fore_color_ = 0x80000008;

@@ -59,7 +59,7 @@ class QtListBox::RowModel final : public QAbstractListModel {
   int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : shown_; }
   QVariant data(const QModelIndex& index, int role) const override {
     if (role != Qt::DisplayRole || !index.isValid() || index.row() >= box_.ListCount()) return {};
-    return ToQString(box_.Rows()[static_cast<size_t>(index.row())]);
+    return ToQString(box_.Rows().At(index.row()));
   }
 
   void Inserted(int row) {

@@ -52,6 +52,7 @@ constexpr Companion kCompanions[] = {
     {u"ZKProgessBar", u"Percentage", u"Caption", u""},
     {u"ZKSlider", u"Min", u"Value", u""},
     {u"ZKSlider", u"AmbientBackColor", u"BackColor", u""},
+    {u"ZKEditList", u"DesignMode", u"Locked", u""},
 };
 
 const Companion* CompanionOf(std::u16string_view kind, std::u16string_view property) {
@@ -87,6 +88,7 @@ class PropertyTableTest : public FormTest {
         candidates.emplace_back(current.ToDouble() - 1);
         break;
       case ArchiveKind::kFont:
+      case ArchiveKind::kStringList:
         return std::nullopt;
     }
     for (const Variant& candidate : candidates) {

@@ -92,5 +92,29 @@ TEST_F(ArchiveExplainerTest, KnowsTheProgressBarAndWhyItRefusesAString) {
   EXPECT_EQ(lines.back(), u"  trace: ZKProgessBar | ParseArchiveStr (el: 6) | 6 | Overflow");
 }
 
+TEST_F(ArchiveExplainerTest, ShowsTheEditListsStringListsTextByText) {
+  const std::u16string archive =
+      u"\"E\"|0|0|3000|1500|T|||T|\"\"|0|T|,0,1,0,0,0,0,500,0,T,0,0,0,\"\",\".\",\":\",\"/\","
+      u"\" \",0,0,0,\"\",\".\",\":\",\"/\",\" \",0,\"b\"|\"a|x\"|\"\"\"q\"\"\",\"0\"|\"t\"|\"\","
+      u"1,0,T,F,\"MS Sans Serif\"#8.25#F#F#F#F,F,\"\",0";
+  const std::vector<std::u16string> lines = ExplainArchive(form_, u"ZKEditList", archive);
+  ASSERT_FALSE(lines.empty());
+  EXPECT_EQ(lines[0], u"ZKEditList: 38 elements expected, 37 found");
+  const auto at = [&](std::u16string_view text) {
+    return std::find(lines.begin(), lines.end(), text) - lines.begin();
+  };
+  const auto items = at(u" 27  (item texts)          string list of 3 texts");
+  ASSERT_LT(items, static_cast<std::ptrdiff_t>(lines.size()));
+  EXPECT_EQ(lines[static_cast<size_t>(items) + 1], u"       [0]            text \"b\"");
+  EXPECT_EQ(lines[static_cast<size_t>(items) + 2], u"       [1]            text \"a|x\"");
+  EXPECT_EQ(lines[static_cast<size_t>(items) + 3], u"       [2]            text \"\"q\"\"");
+  const auto tags = at(u" 28  (tag texts)           string list of 3 texts");
+  ASSERT_LT(tags, static_cast<std::ptrdiff_t>(lines.size()));
+  EXPECT_EQ(lines[static_cast<size_t>(tags) + 3], u"       [2]            text \"\"");
+  EXPECT_LT(at(u" 37  RowHeight             MISSING"), static_cast<std::ptrdiff_t>(lines.size()));
+  // Without RowHeight the string is still accepted.
+  EXPECT_EQ(lines.back(), u"ParseArchiveStr: True");
+}
+
 }  // namespace
 }  // namespace zk
