@@ -46,6 +46,10 @@ class ZKControl : public DispatchObject {
   // The control's window; a control built of parts may report the window of one of them.
   virtual int32_t hWnd() const;
   virtual void Refresh();
+  // The popup window that the control shows under `name` (a choice list calls its list window
+  // "ListWindow"), so that a host or a script can drive that window's input as the user would;
+  // null when the control has no window of that name (the name is compared ignoring case).
+  virtual IPopupWindow* NamedPopup(std::u16string_view /*name*/) { return nullptr; }
   void PopupMenu(const Variant& Menu = {}, const Variant& Flags = {}, const Variant& X = {},
                  const Variant& Y = {}, const Variant& DefaultMenu = {});
   // Makes this control a copy of `p_obj` (any control of the same kind) through its archive

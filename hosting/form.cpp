@@ -6,6 +6,7 @@
 #include "foundation/debug_utils.h"
 #include "foundation/dispatch_object.h"
 #include "foundation/flag_scope.h"
+#include "foundation/low_level_utils.h"
 #include "foundation/zk_error.h"
 #include "platform/common/form_extender.h"
 #include "platform/platform.h"
@@ -389,6 +390,7 @@ Variant Form::Ambient(std::u16string_view name) {
   if (MemberNameEquals(name, u"Font")) return Variant(ambient_.Font());
   if (MemberNameEquals(name, u"UserMode")) return Variant(ambient_.UserMode());
   if (MemberNameEquals(name, u"TwipsPerPixel")) return Variant(platform_.Screen().TwipsPerPixelX());
+  if (MemberNameEquals(name, u"NonModalAllowed")) return Variant(platform_.NonModalAllowed());
   throw ZKError::MemberNotFound();
 }
 
@@ -406,6 +408,8 @@ void Form::SetAmbient(std::u16string_view name, const Variant& value) {
     if (!(twips >= 1 && twips <= 1440)) throw ZKError::InvalidPropertyValue();
     return SetTwipsPerPixel(twips);
   }
+  if (MemberNameEquals(name, u"NonModalAllowed"))
+    return platform_.SetNonModalAllowed(value.ToBool());
   throw ZKError::MemberNotFound();
 }
 
@@ -496,6 +500,14 @@ Form::Placed* Form::NextInTabOrder(const ZKControl* current, bool backwards) {
   if (at == order.end()) return backwards ? order.back() : order.front();
   const size_t index = static_cast<size_t>(at - order.begin());
   return order[backwards ? (index + order.size() - 1) % order.size() : (index + 1) % order.size()];
+}
+
+void Form::MovePointerOver(IPopupWindow& popup, float x, float y) {
+  PixelRect window;
+  if (!platform_.Windows().GetWindowRect(popup.hWnd(), window)) return;
+  IScreen& screen = platform_.Screen();
+  screen.SetCursorPos(window.left + MLowLevelUtils::RoundToInt32(x / screen.TwipsPerPixelX()),
+                      window.top + MLowLevelUtils::RoundToInt32(y / screen.TwipsPerPixelY()));
 }
 
 }  // namespace zk

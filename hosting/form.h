@@ -79,8 +79,9 @@ class Form {
 
   // The form's ambient properties (those of a classic desktop form by default).
   FormAmbient& AmbientProperties() { return ambient_; }
-  // The ambient properties by name: BackColor, ForeColor, Font, UserMode, and the screen's
-  // TwipsPerPixel. Writes raise the ambient-change notification.
+  // The ambient properties by name: BackColor, ForeColor, Font, UserMode, the screen's
+  // TwipsPerPixel and the application's NonModalAllowed (whether popup windows may be shown
+  // modeless). Writes of the form's own properties raise the ambient-change notification.
   Variant Ambient(std::u16string_view name);
   void SetAmbient(std::u16string_view name, const Variant& value);
 
@@ -94,6 +95,20 @@ class Form {
   virtual void Wheel(std::u16string_view name, int32_t delta) = 0;
   // Lets the given milliseconds pass, delivering what falls due.
   virtual void Wait(int32_t milliseconds) = 0;
+
+  // Input to a popup window that a placed control shows (ZKControl::NamedPopup), at (x, y)
+  // twips of the window's inner area. The screen's pointer goes there first, so that a window
+  // dragged by its body follows it; while the window is dragged, moves and the release are the
+  // drag's and reach nothing else. A press moves the focus inside the window to the part under
+  // it.
+  virtual void DeliverPopupMouse(IPopupWindow& popup, MouseAction action, int16_t button,
+                                 int16_t shift, float x, float y) = 0;
+  // Types the keys (SendKeys notation) into the popup window: to the part that has the focus
+  // inside it, or the window's own surface. The form's Tab order and default and cancel keys
+  // have no part in it.
+  virtual void TypePopupKeys(IPopupWindow& popup, std::u16string_view keys) = 0;
+  // Makes the form's window the active window of the application.
+  virtual void Activate() = 0;
 
   // The property-changed notifications since the last call, oldest first.
   std::vector<std::pair<std::u16string, std::u16string>> TakePropertyChanges();
@@ -142,6 +157,8 @@ class Form {
   Placed* FindPlaced(std::u16string_view name);
   void Reindex();
   IPlatform& Platform() { return platform_; }
+  // Puts the screen's pointer over (x, y), twips of the popup window's inner area.
+  void MovePointerOver(IPopupWindow& popup, float x, float y);
 
  private:
   // Places a control on the form, or inside `container` (the name of a placed container).

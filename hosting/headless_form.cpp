@@ -6,6 +6,7 @@
 #include "foundation/dispatch_object.h"
 #include "foundation/zk_error.h"
 #include "hosting/send_keys.h"
+#include "platform/common/popup_window_base.h"
 #include "platform/window_messages.h"
 
 namespace zk {
@@ -14,7 +15,7 @@ HeadlessForm::HeadlessForm(HeadlessPlatform& platform)
     : Form(platform, platform.Recorder()),
       platform_(platform),
       window_(platform.Windows().CreateWindow(0, u"Form", {0, 0, 640, 480})) {
-  platform_.Windows().SetActiveWindow(window_);
+  platform_.Windows().ActivateWindow(window_);
 }
 
 HeadlessForm::~HeadlessForm() {
@@ -64,6 +65,8 @@ void HeadlessForm::DeliverMouse(std::u16string_view name, MouseAction action, in
   HeadlessControlSite* site = FindSite(name);
   if (site == nullptr) throw ZKError(error_number::kInvalidProcedureCall, u"No such control");
   if (action == MouseAction::kDown || action == MouseAction::kDoubleDown) {
+    // A press on a window makes it the active one, as on a desktop.
+    Activate();
     Placed* placed = FindPlaced(name);
     // The press gives the focus to the part under it (or the control's own text box there);
     // on the control's windowless area the focus inside the control stays where it was.
@@ -103,6 +106,7 @@ bool HeadlessForm::Focus(std::u16string_view name) {
   Placed* placed = FindPlaced(name);
   if (placed == nullptr) throw ZKError(error_number::kInvalidProcedureCall, u"No such control");
   if (!CanFocus(*placed)) return false;
+  Activate();
   SetFocusTo(placed);  // a control that keeps the focus is not an error of the caller
   return true;
 }
@@ -135,6 +139,37 @@ void HeadlessForm::Wheel(std::u16string_view name, int32_t delta) {
 
 void HeadlessForm::Wait(int32_t milliseconds) {
   platform_.Advance(milliseconds);
+}
+
+void HeadlessForm::DeliverPopupMouse(IPopupWindow& popup, MouseAction action, int16_t button,
+                                     int16_t shift, float x, float y) {
+  MovePointerOver(popup, x, y);
+  // A window being dragged has the mouse until the button goes up.
+  const auto* dragged = dynamic_cast<const PopupWindowBase*>(&popup);
+  if (dragged != nullptr && dragged->Dragging()) {
+    if (action == MouseAction::kUp) platform_.Screen().ReleaseButton();
+    return;
+  }
+  auto& surface = static_cast<HeadlessSurface&>(popup.Site().Surface());
+  if (action == MouseAction::kDown || action == MouseAction::kDoubleDown) {
+    if (popup.Visible()) platform_.Windows().ActivateWindow(popup.hWnd());
+    bool here = false;
+    if (HeadlessSurface* inner = surface.PressFocusTarget(x, y, here)) inner->MoveFocusHere(here);
+  }
+  surface.Deliver(action, button, shift, x, y);
+}
+
+void HeadlessForm::TypePopupKeys(IPopupWindow& popup, std::u16string_view keys) {
+  auto& surface = static_cast<HeadlessSurface&>(popup.Site().Surface());
+  for (const KeyStroke& stroke : ParseSendKeys(keys)) {
+    // A key may close the window, or destroy it with its control: the rest go nowhere.
+    if (!popup.Visible()) return;
+    surface.DeliverKey(stroke.key_code, stroke.shift, stroke.character);
+  }
+}
+
+void HeadlessForm::Activate() {
+  platform_.Windows().ActivateWindow(window_);
 }
 
 }  // namespace zk

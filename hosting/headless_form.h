@@ -29,6 +29,10 @@ class HeadlessForm final : public Form {
   void TypeKeys(std::u16string_view keys) override;
   void Wheel(std::u16string_view name, int32_t delta) override;
   void Wait(int32_t milliseconds) override;
+  void DeliverPopupMouse(IPopupWindow& popup, MouseAction action, int16_t button, int16_t shift,
+                         float x, float y) override;
+  void TypePopupKeys(IPopupWindow& popup, std::u16string_view keys) override;
+  void Activate() override;
 
  protected:
   std::unique_ptr<IControlSite> CreateSite(const ControlKind& kind, std::u16string_view name,

@@ -219,6 +219,8 @@ void QtForm::DeliverMouse(std::u16string_view name, MouseAction action, int16_t 
     if (target == nullptr) target = control;
   }
   if (action == MouseAction::kDown || action == MouseAction::kDoubleDown) {
+    // A press on a window makes it the active one, as the window system does for a user's.
+    Activate();
     // Over a control inside a container, the press is that control's.
     Placed* placed = PlacedOf(target);
     if (placed == nullptr) placed = FindPlaced(name);
@@ -240,7 +242,11 @@ void QtForm::DeliverMouse(std::u16string_view name, MouseAction action, int16_t 
     }
   }
   if (action == MouseAction::kUp && std::exchange(swallow_release_, false)) return;
-  const QPointF local = target->mapFrom(control, point);
+  SendMouse(target, target->mapFrom(control, point), action, button, shift);
+}
+
+void QtForm::SendMouse(QWidget* target, const QPointF& local, MouseAction action, int16_t button,
+                       int16_t shift) {
   const QPointF global = target->mapToGlobal(local);
   const Qt::MouseButton qt_button = QtButtonOf(button);
   QEvent::Type type = QEvent::MouseMove;
@@ -314,6 +320,57 @@ void QtForm::Wheel(std::u16string_view name, int32_t delta) {
 
 void QtForm::Wait(int32_t milliseconds) {
   platform_.RunEventLoop(milliseconds);
+}
+
+void QtForm::DeliverPopupMouse(IPopupWindow& popup, MouseAction action, int16_t button,
+                               int16_t shift, float x, float y) {
+  MovePointerOver(popup, x, y);
+  QtSurface& surface = static_cast<QtSurface&>(popup.Site().Surface());
+  QWidget* window = surface.Widget();
+  if (window == nullptr) return;
+  const QPointF point(x / surface.XToTwips(1) + surface.BorderPixels(),
+                      y / surface.YToTwips(1) + surface.BorderPixels());
+  // A window being dragged has the mouse (it grabbed it) until the button goes up.
+  if (QWidget* grabber = QWidget::mouseGrabber()) {
+    SendMouse(grabber, grabber->mapFromGlobal(window->mapToGlobal(point)), action, button, shift);
+    return;
+  }
+  QWidget* target = pressed_;
+  if (target == nullptr) {
+    target = window->childAt(point.toPoint());
+    if (target == nullptr) target = window;
+  }
+  if (action == MouseAction::kDown || action == MouseAction::kDoubleDown) {
+    if (popup.Visible()) platform_.Windows().ActivateWindow(popup.hWnd());
+    bool here = false;
+    if (QtSurface* inner = surface.PressFocusTarget(target, here)) inner->MoveFocusHere(here);
+  }
+  SendMouse(target, target->mapFrom(window, point), action, button, shift);
+}
+
+void QtForm::TypePopupKeys(IPopupWindow& popup, std::u16string_view keys) {
+  QWidget* window = static_cast<QtSurface&>(popup.Site().Surface()).Widget();
+  if (window == nullptr) return;
+  for (const KeyStroke& stroke : ParseSendKeys(keys)) {
+    // A key may close the window: the rest go nowhere.
+    if (!popup.Visible()) return;
+    // The widget that has the focus inside the window, even while Qt has not made the window
+    // active yet: the surfaces pass the focus on to their parts and boxes through focus proxies.
+    QWidget* focus = window;
+    while (focus->focusProxy() != nullptr)
+      focus = focus->focusProxy();
+    const QString text =
+        stroke.character != 0 ? QString(QChar(char16_t(stroke.character))) : QString();
+    QKeyEvent press(QEvent::KeyPress, QtKeyOf(stroke.key_code), ModifiersOf(stroke.shift), text);
+    QApplication::sendEvent(focus, &press);
+    QKeyEvent release(QEvent::KeyRelease, QtKeyOf(stroke.key_code), ModifiersOf(stroke.shift),
+                      text);
+    QApplication::sendEvent(focus, &release);
+  }
+}
+
+void QtForm::Activate() {
+  if (widget_) platform_.Windows().ActivateWindow(platform_.Windows().HandleOf(widget_.data()));
 }
 
 }  // namespace zk

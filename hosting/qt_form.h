@@ -28,6 +28,10 @@ class QtForm final : public Form {
   void TypeKeys(std::u16string_view keys) override;
   void Wheel(std::u16string_view name, int32_t delta) override;
   void Wait(int32_t milliseconds) override;
+  void DeliverPopupMouse(IPopupWindow& popup, MouseAction action, int16_t button, int16_t shift,
+                         float x, float y) override;
+  void TypePopupKeys(IPopupWindow& popup, std::u16string_view keys) override;
+  void Activate() override;
 
  protected:
   std::unique_ptr<IControlSite> CreateSite(const ControlKind& kind, std::u16string_view name,
@@ -44,6 +48,9 @@ class QtForm final : public Form {
   // control goes to `inner` when given (see QtSurface::MoveFocusHere).
   bool MoveFocusTo(Placed& placed, Qt::FocusReason reason, QtSurface* inner = nullptr,
                    bool here = false);
+  // Sends the mouse action to `target` at `local` (its pixels), keeping the pressed widget.
+  void SendMouse(QWidget* target, const QPointF& local, MouseAction action, int16_t button,
+                 int16_t shift);
 
   QtPlatform& platform_;
   QPointer<QWidget> widget_;

@@ -88,9 +88,23 @@ ScriptHost::ScriptHost(Form& form, std::function<void(std::u16string_view)> prin
       [this](const MDebugUtils::TraceRecord& record) { traces_.push_back(record); });
   WatchAll();
   form_.TakePropertyChanges();
+  // A window shown modal runs the statements that follow inside its loop, as a user would act
+  // while it is open.
+  if (HasCurrentPlatform()) {
+    platform_ = &CurrentPlatform();
+    previous_modal_callback_ = platform_->GetModalCallback();
+    platform_->SetModalCallback([this](IPopupWindow& window) {
+      const WindowHandle handle = window.hWnd();
+      IWindowSystem& windows = platform_->Windows();
+      ++modal_depth_;
+      RunStatements([&] { return windows.IsWindow(handle) && window.Visible(); });
+      --modal_depth_;
+    });
+  }
 }
 
 ScriptHost::~ScriptHost() {
+  if (platform_ != nullptr) platform_->SetModalCallback(std::move(previous_modal_callback_));
   MDebugUtils::SetTraceSink(std::move(previous_sink_));
 }
 
@@ -148,23 +162,38 @@ bool ScriptHost::Execute(std::u16string_view line) {
 }
 
 int ScriptHost::Run(std::u16string_view script) {
-  int status = 0;
+  std::vector<std::u16string_view> lines;
   size_t start = 0;
   while (start < script.size()) {
     size_t end = script.find(u'\n', start);
     if (end == std::u16string_view::npos) end = script.size();
     std::u16string_view line = script.substr(start, end - start);
     if (!line.empty() && line.back() == u'\r') line.remove_suffix(1);
-    if (!Execute(line)) status = 1;
+    lines.push_back(line);
     start = end + 1;
   }
+  // A script run from inside another one's modal window gets a turn of its own.
+  auto outer_statements = std::exchange(statements_, std::move(lines));
+  const size_t outer_next = std::exchange(next_statement_, 0);
+  const int outer_status = std::exchange(status_, 0);
+  RunStatements([] { return true; });
+  const int status = status_;
+  statements_ = std::move(outer_statements);
+  next_statement_ = outer_next;
+  status_ = outer_status;
   return status;
+}
+
+void ScriptHost::RunStatements(const std::function<bool()>& go_on) {
+  while (next_statement_ < statements_.size() && go_on()) {
+    if (!Execute(statements_[next_statement_++])) status_ = 1;
+  }
 }
 
 std::span<const ScriptHost::Statement> ScriptHost::Statements() {
   using Host = ScriptHost;
   using Operands = ScriptParser;
-  static constexpr std::array<Statement, 16> kStatements = {{
+  static constexpr std::array<Statement, 17> kStatements = {{
       {u"new", [](Host& host, Operands& operands) { host.New(operands); }},
       {u"events", [](Host& host, Operands& operands) { host.Replay(operands, true); }},
       {u"notified", [](Host& host, Operands& operands) { host.Replay(operands, false); }},
@@ -184,6 +213,7 @@ std::span<const ScriptHost::Statement> ScriptHost::Statements() {
       {u"wheel", [](Host& host, Operands& operands) { host.Wheel(operands); }},
       {u"wait", [](Host& host, Operands& operands) { host.Wait(operands); }},
       {u"call", [](Host& host, Operands& operands) { host.Call(operands); }},
+      {u"activate", [](Host& host, Operands& operands) { host.Activate(operands); }},
   }};
   return kStatements;
 }
@@ -263,6 +293,11 @@ void ScriptHost::Save(ScriptParser& operands) {
 void ScriptHost::Load(ScriptParser& operands) {
   const std::string path = Utf16ToUtf8(operands.Word());
   operands.ExpectEnd(u"the file name");
+  // The control that showed the window is still running its show: it may not go under it.
+  if (modal_depth_ > 0) {
+    throw ZKError(error_number::kInvalidProcedureCall,
+                  u"Invalid procedure call or argument: load while a window is shown modal");
+  }
   std::ifstream file(path, std::ios::binary);
   if (!file) throw ZKError(error_number::kFileNotFound, u"File not found: " + Utf8ToUtf16(path));
   std::stringstream contents;
@@ -272,36 +307,55 @@ void ScriptHost::Load(ScriptParser& operands) {
   form_.TakePropertyChanges();
 }
 
-void ScriptHost::Click(ScriptParser& operands, bool twice) {
-  const std::u16string name = operands.Name();
-  DispatchObject* extender = form_.FindExtender(name);
-  if (extender == nullptr) {
-    throw ZKError(error_number::kObjectRequired, u"Object required: " + name);
+ScriptHost::InputTarget ScriptHost::Target(ScriptParser& operands) {
+  InputTarget target{ControlName(operands)};
+  if (!operands.Consume(u'.')) return target;
+  const std::u16string window = operands.Name();
+  target.popup = form_.FindControl(target.name)->NamedPopup(window);
+  if (target.popup == nullptr) {
+    throw ZKError(
+        error_number::kMemberNotFound,
+        u"Object doesn't support this property or method: " + target.name + u"." + window);
   }
+  return target;
+}
+
+void ScriptHost::Click(ScriptParser& operands, bool twice) {
+  const InputTarget target = Target(operands);
   float x = 0;
   float y = 0;
   if (operands.AtEnd()) {
-    // Without a point, the middle of the control.
-    x = static_cast<float>(extender->GetProperty(u"Width").ToDouble() / 2);
-    y = static_cast<float>(extender->GetProperty(u"Height").ToDouble() / 2);
+    // Without a point, the middle of the control or window.
+    if (target.popup != nullptr) {
+      x = static_cast<float>(target.popup->Site().Surface().ScaleWidth() / 2);
+      y = static_cast<float>(target.popup->Site().Surface().ScaleHeight() / 2);
+    } else {
+      DispatchObject& extender = *form_.FindExtender(target.name);
+      x = static_cast<float>(extender.GetProperty(u"Width").ToDouble() / 2);
+      y = static_cast<float>(extender.GetProperty(u"Height").ToDouble() / 2);
+    }
   } else {
     x = static_cast<float>(operands.Number());
     y = static_cast<float>(operands.Number());
   }
   operands.ExpectEnd(u"the input");
-  form_.DeliverMouse(name, MouseAction::kDown, 1, 0, x, y);
-  form_.DeliverMouse(name, MouseAction::kUp, 1, 0, x, y);
+  const auto deliver = [&](MouseAction action) {
+    if (target.popup != nullptr) {
+      form_.DeliverPopupMouse(*target.popup, action, 1, 0, x, y);
+    } else {
+      form_.DeliverMouse(target.name, action, 1, 0, x, y);
+    }
+  };
+  deliver(MouseAction::kDown);
+  deliver(MouseAction::kUp);
   if (twice) {
-    form_.DeliverMouse(name, MouseAction::kDoubleDown, 1, 0, x, y);
-    form_.DeliverMouse(name, MouseAction::kUp, 1, 0, x, y);
+    deliver(MouseAction::kDoubleDown);
+    deliver(MouseAction::kUp);
   }
 }
 
 void ScriptHost::MouseButton(ScriptParser& operands, MouseAction action) {
-  const std::u16string name = operands.Name();
-  if (form_.FindExtender(name) == nullptr) {
-    throw ZKError(error_number::kObjectRequired, u"Object required: " + name);
-  }
+  const InputTarget target = Target(operands);
   const auto x = static_cast<float>(operands.Number());
   const auto y = static_cast<float>(operands.Number());
   int16_t button = action == MouseAction::kMove ? 0 : 1;
@@ -309,17 +363,26 @@ void ScriptHost::MouseButton(ScriptParser& operands, MouseAction action) {
   if (!operands.AtEnd()) button = Variant(operands.Number()).ToInt16();
   if (!operands.AtEnd()) shift = Variant(operands.Number()).ToInt16();
   operands.ExpectEnd(u"the input");
-  form_.DeliverMouse(name, action, button, shift, x, y);
+  if (target.popup != nullptr) {
+    form_.DeliverPopupMouse(*target.popup, action, button, shift, x, y);
+  } else {
+    form_.DeliverMouse(target.name, action, button, shift, x, y);
+  }
 }
 
 void ScriptHost::Focus(ScriptParser& operands, bool then_type) {
-  const std::u16string name = ControlName(operands);
+  const InputTarget target = then_type ? Target(operands) : InputTarget{ControlName(operands)};
+  const std::u16string& name = target.name;
   std::u16string keys;
   if (then_type) {
     // The keys as written up to the end of the line, or a text in quotes.
     keys = operands.Peek() == u'"' ? operands.Text() : operands.Rest();
   }
   operands.ExpectEnd(then_type ? u"the keys" : u"the name");
+  if (target.popup != nullptr) {
+    form_.TypePopupKeys(*target.popup, keys);
+    return;
+  }
   if (!form_.Focus(name)) {
     throw ZKError(error_number::kInvalidProcedureCall,
                   u"Invalid procedure call or argument: " + name + u" cannot take the focus");
@@ -345,6 +408,18 @@ void ScriptHost::Call(ScriptParser& operands) {
   const ScriptMemberStatement statement = operands.MemberStatement();
   if (statement.value) SyntaxError(u"call NAME.Method[(ARGS)]");
   evaluator_.Execute(statement);
+}
+
+void ScriptHost::Activate(ScriptParser& operands) {
+  if (operands.ConsumeKeyword(u"form")) {
+    operands.ExpectEnd(u"activate form");
+    form_.Activate();
+    return;
+  }
+  const InputTarget target = Target(operands);
+  operands.ExpectEnd(u"activate NAME.WINDOW");
+  if (target.popup == nullptr) SyntaxError(u"activate form | activate NAME.WINDOW");
+  CurrentPlatform().Windows().ActivateWindow(target.popup->hWnd());
 }
 
 }  // namespace zk

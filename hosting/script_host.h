@@ -13,6 +13,7 @@
 #include "hosting/form.h"
 #include "hosting/script_evaluator.h"
 #include "hosting/script_parser.h"
+#include "platform/platform.h"
 
 namespace zk {
 
@@ -34,6 +35,16 @@ namespace zk {
 //   save FILE / load FILE          the form file of every control
 //   click|dblclick NAME [X Y], mousedown|mousemove|mouseup NAME X Y [BUTTON [SHIFT]],
 //   focus NAME, sendkeys NAME KEYS, wheel NAME DELTA, wait MS
+//   click C.ListWindow X Y ...     the input statements above (but focus and wheel) also reach
+//                                    a popup window that a control shows under a name of its
+//                                    own (ZKControl::NamedPopup), in twips of that window
+//   activate form                  makes the form (or a control's popup window, activate
+//                                    C.ListWindow) the active window
+//
+// A statement that shows a popup window modal runs the statements after it inside the
+// window's loop, until the window hides; the script goes on after the last statement that ran
+// there. A window still shown when the script ends is hidden. Inside a modal window's loop,
+// "load" (which would replace the control that showed it) fails with error 5.
 //
 // Literals are numbers (-3, 2.5, &H8000000F), texts in double quotes with doubled quotes inside,
 // True, False, Nothing, LoadPicture("file.png") and the names of the published enumerators; a
@@ -54,6 +65,12 @@ class ScriptHost {
   int Run(std::u16string_view script);
 
  private:
+  // Where an input statement goes: a placed control, or the popup window it shows.
+  struct InputTarget {
+    std::u16string name;
+    IPopupWindow* popup = nullptr;
+  };
+
   struct Recording {
     std::vector<std::u16string> events;
     std::vector<std::u16string> notified;
@@ -81,6 +98,11 @@ class ScriptHost {
   void Wheel(ScriptParser& operands);
   void Wait(ScriptParser& operands);
   void Call(ScriptParser& operands);
+  void Activate(ScriptParser& operands);
+  // NAME or NAME.POPUP: 424 when no control has the name, 438 when it shows no such window.
+  InputTarget Target(ScriptParser& operands);
+  // Runs the script's statements from the next one on while `go_on` says so.
+  void RunStatements(const std::function<bool()>& go_on);
   // The name of a placed control; 424 when there is none.
   std::u16string ControlName(ScriptParser& operands);
   void Watch(ZKControl& control);
@@ -96,6 +118,15 @@ class ScriptHost {
   std::map<std::u16string, Recording> recordings_;
   std::vector<MDebugUtils::TraceRecord> traces_;
   MDebugUtils::TraceSink previous_sink_;
+  // The statements of the script that runs, the next one to run and the exit status so far.
+  std::vector<std::u16string_view> statements_;
+  size_t next_statement_ = 0;
+  int status_ = 0;
+  // How many modal windows run the script's statements in their loops.
+  int modal_depth_ = 0;
+  // The modal callback that was installed before this host's (restored when it goes).
+  IPlatform::ModalCallback previous_modal_callback_;
+  IPlatform* platform_ = nullptr;
 };
 
 // The text of a value as the script host prints it: texts as they are, booleans as True or

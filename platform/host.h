@@ -7,6 +7,7 @@
 #include "foundation/dispatch_object.h"
 #include "foundation/signal.h"
 #include "foundation/variant.h"
+#include "platform/popup_window.h"
 #include "platform/std_font.h"
 #include "platform/surface.h"
 #include "platform/types.h"
@@ -60,6 +61,9 @@ class IControlSite {
   // notification; its property-changed notifications go nowhere. The part must be destroyed
   // before its site, and the site before this control's own site.
   virtual std::unique_ptr<IControlSite> CreateChildSite(std::u16string_view name) = 0;
+  // A popup window owned by this control (hidden at first). It must be destroyed before this
+  // control's site; destroying it while it is shown, even inside its modal loop, hides it.
+  virtual std::unique_ptr<IPopupWindow> CreatePopupWindow() = 0;
 
   // The controls that the host placed inside this control, when its kind is a container: their
   // automation objects, in the host's order (the order of placement). Empty for a control that

@@ -1,10 +1,13 @@
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <utility>
 
 #include "platform/font_catalogue.h"
 #include "platform/locale.h"
 #include "platform/picture.h"
+#include "platform/popup_window.h"
 #include "platform/screen.h"
 #include "platform/std_font.h"
 #include "platform/timer_service.h"
@@ -27,6 +30,24 @@ class IPlatform {
 
   // A new font object with the platform's default values.
   FontRef NewFont() { return StdFont::Create(FontCatalogue()); }
+
+  // Whether the application allows modeless windows; when it does not, a popup window's
+  // modeless show is refused. Allowed by default.
+  bool NonModalAllowed() const { return non_modal_allowed_; }
+  void SetNonModalAllowed(bool allowed) { non_modal_allowed_ = allowed; }
+
+  // What acts as the user while a popup window is shown modal (a test, or a script host with
+  // the statements that follow): the modal show runs it inside its loop, and hides the window
+  // when it is still shown once the callback returns, so that nothing waits for a user who is
+  // not there. Without one, a headless modal show returns at once (hiding the window) and a
+  // real one waits for the window to hide.
+  using ModalCallback = std::function<void(IPopupWindow& window)>;
+  void SetModalCallback(ModalCallback callback) { modal_callback_ = std::move(callback); }
+  const ModalCallback& GetModalCallback() const { return modal_callback_; }
+
+ private:
+  bool non_modal_allowed_ = true;
+  ModalCallback modal_callback_;
 };
 
 // The platform of this process (all controls run on one user-interface thread). Throws ZKError

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 
+#include "foundation/signal.h"
 #include "platform/types.h"
 
 namespace zk {
@@ -47,6 +48,10 @@ class IWindowSystem {
   virtual bool ReleaseCapture() = 0;
   // The active top-level window of the application, 0 when none is active.
   virtual WindowHandle GetActiveWindow() const = 0;
+  // Makes the top-level window the active one; false for an unknown window.
+  virtual bool ActivateWindow(WindowHandle window) = 0;
+  // Raised with the new active window (0 for none) each time another window becomes active.
+  virtual Signal<WindowHandle>& Activated() = 0;
 };
 
 }  // namespace zk

@@ -39,6 +39,11 @@ class ControlSiteState : public IControlSite {
   std::unique_ptr<IControlSite> CreateChildSite(std::u16string_view name) override {
     return std::make_unique<SiteT>(platform_, ambient_, surface_, std::u16string(name));
   }
+  // The platform's site class makes the window (SiteT::MakePopup), with this control's
+  // ambient properties and its surface as the owner.
+  std::unique_ptr<IPopupWindow> CreatePopupWindow() override {
+    return SiteT::MakePopup(platform_, ambient_, surface_);
+  }
   std::vector<ObjectRef> ContainedControls() override {
     return contents_ ? contents_() : std::vector<ObjectRef>{};
   }

@@ -59,6 +59,14 @@ class MouseDispatcher {
 
   // One action at (x, y) twips in the surface's inner coordinates.
   void Deliver(MouseAction action, int16_t button, int16_t shift, float x, float y);
+  // The window system took the mouse from the press that is held (a window dragged by its
+  // body): the press ends here, without a release or a click.
+  void CancelPress() {
+    pressed_ = false;
+    click_pending_ = false;
+    pressed_element_ = nullptr;
+    pressed_window_ = nullptr;
+  }
 
  private:
   SurfaceEvents surface_;

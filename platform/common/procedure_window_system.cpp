@@ -76,4 +76,19 @@ int32_t ProcedureWindowSystem::ClassProcedure(WindowHandle window, uint32_t mess
   return DefaultClassAnswer(window, message, wparam, lparam);
 }
 
+bool ProcedureWindowSystem::ActivateWindow(WindowHandle window) {
+  if (!IsWindow(window)) return false;
+  NoteActivated(window);
+  RequestActivation(window);
+  return true;
+}
+
+void ProcedureWindowSystem::NoteActivated(WindowHandle window) {
+  if (window == active_window_) return;
+  active_window_ = window;
+  activated_.Emit(window);
+}
+
+void ProcedureWindowSystem::RequestActivation(WindowHandle /*window*/) {}
+
 }  // namespace zk

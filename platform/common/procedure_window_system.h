@@ -26,6 +26,15 @@ class ProcedureWindowSystem : public IWindowSystem {
   // (an edit box answering the undo message, for instance).
   void SetClassHandler(WindowHandle window, WindowProcedure handler);
 
+  // The active window is the one the platform last reported (NoteActivated) or that was
+  // activated through ActivateWindow.
+  WindowHandle GetActiveWindow() const override { return active_window_; }
+  bool ActivateWindow(WindowHandle window) override;
+  Signal<WindowHandle>& Activated() override { return activated_; }
+  // The platform reports that `window` (0 for none) became active; Activated is raised when it
+  // is another window than before.
+  void NoteActivated(WindowHandle window);
+
  protected:
   // The part of a window that this class keeps.
   struct WindowState {
@@ -47,6 +56,8 @@ class ProcedureWindowSystem : public IWindowSystem {
   virtual int32_t DefaultClassAnswer(WindowHandle window, uint32_t message, int32_t wparam,
                                      int32_t lparam);
 
+  // Asks the platform to activate a known window (ActivateWindow has recorded it already).
+  virtual void RequestActivation(WindowHandle window);
   // The address of the class procedure, which new windows start with.
   int32_t ClassProcedureAddress() const { return class_procedure_; }
 
@@ -55,6 +66,8 @@ class ProcedureWindowSystem : public IWindowSystem {
 
   WindowProcedureTable procedures_;
   int32_t class_procedure_ = 0;
+  WindowHandle active_window_ = 0;
+  Signal<WindowHandle> activated_;
 };
 
 }  // namespace zk

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "platform/common/control_site_state.h"
@@ -21,6 +22,15 @@ class HeadlessControlSite final
   HeadlessControlSite(HeadlessPlatform& platform, FormAmbient& ambient, HeadlessSurface& owner,
                       std::u16string name)
       : ControlSiteState(platform, ambient, true, std::move(name), owner) {}
+  // The site that fills a popup window: a surface of its own in that top-level window, whose
+  // property-changed notifications, like a part's, go nowhere.
+  struct InPopup {};
+  HeadlessControlSite(HeadlessPlatform& platform, FormAmbient& ambient, WindowHandle popup_window,
+                      InPopup /*tag*/)
+      : ControlSiteState(platform, ambient, true, std::u16string(), popup_window) {}
+
+  static std::unique_ptr<IPopupWindow> MakePopup(HeadlessPlatform& platform, FormAmbient& ambient,
+                                                 HeadlessSurface& owner);
 };
 
 }  // namespace zk

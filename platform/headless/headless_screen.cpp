@@ -21,6 +21,7 @@ void HeadlessScreen::SetTwipsPerPixel(double x, double y) {
 bool HeadlessScreen::SetCursorPos(int32_t x, int32_t y) {
   cursor_.x = std::clamp(x, 0, SystemMetric(system_metric::kScreenWidth) - 1);
   cursor_.y = std::clamp(y, 0, SystemMetric(system_metric::kScreenHeight) - 1);
+  cursor_moved_.Emit();
   return true;
 }
 

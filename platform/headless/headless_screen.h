@@ -2,6 +2,7 @@
 
 #include <map>
 
+#include "foundation/signal.h"
 #include "platform/common/platform_recorder.h"
 #include "platform/screen.h"
 
@@ -23,6 +24,11 @@ class HeadlessScreen final : public IScreen {
   PixelPoint CursorPos() const override { return cursor_; }
   // Clamped to the screen, as a real pointer is.
   bool SetCursorPos(int32_t x, int32_t y) override;
+  // Raised after the pointer moved (SetCursorPos), so that a window being dragged follows it.
+  Signal<>& CursorMoved() { return cursor_moved_; }
+  // The user lets the mouse button go: ends a drag by the window's body.
+  void ReleaseButton() { button_released_.Emit(); }
+  Signal<>& ButtonReleased() { return button_released_; }
 
   int32_t SystemMetric(int32_t index) const override;
   void SetSystemMetric(int32_t index, int32_t value) { metrics_[index] = value; }
@@ -35,6 +41,8 @@ class HeadlessScreen final : public IScreen {
   double twips_per_pixel_y_ = 15.0;
   int16_t mouse_pointer_ = 0;
   PixelPoint cursor_;
+  Signal<> cursor_moved_;
+  Signal<> button_released_;
   std::map<int32_t, int32_t> metrics_;
 };
 

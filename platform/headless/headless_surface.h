@@ -95,6 +95,8 @@ class HeadlessSurface final : public PersistentDrawing<SurfaceBase>, public IMou
   // button is held, the window or element it was pressed on keeps the mouse (as a captured
   // window does).
   void Deliver(MouseAction action, int16_t button, int16_t shift, float x, float y);
+  // The window system took the mouse from the press that is held (see MouseDispatcher).
+  void CancelPress() { elements_->CancelPress(); }
 
   // Where a press at (x, y) (inner twips) puts the focus inside the control: on a part (and
   // along the parts it remembers, `here` false), on the surface whose text box or list box lies

@@ -39,7 +39,7 @@ bool HeadlessWindowSystem::DestroyWindow(WindowHandle window) {
     DestroyWindow(child);
   SendMessage(window, window_message::kNcDestroy, 0, 0);
   windows_.erase(window);
-  if (active_window_ == window) active_window_ = 0;
+  if (GetActiveWindow() == window) NoteActivated(0);
   if (capture_ == window) capture_ = 0;
   return true;
 }

@@ -41,7 +41,6 @@ class HeadlessWindowSystem final : public ProcedureWindowSystem {
   bool BringToTop(WindowHandle window);
   size_t WindowCount() const { return windows_.size(); }
 
-  void SetActiveWindow(WindowHandle window) { active_window_ = window; }
   void SetCapture(WindowHandle window) { capture_ = window; }
   WindowHandle Capture() const { return capture_; }
 
@@ -53,7 +52,6 @@ class HeadlessWindowSystem final : public ProcedureWindowSystem {
   bool GetWindowRect(WindowHandle window, PixelRect& rect) const override;
   bool ScreenToClient(WindowHandle window, PixelPoint& point) const override;
   bool ReleaseCapture() override;
-  WindowHandle GetActiveWindow() const override { return active_window_; }
 
  private:
   struct Window : WindowState {
@@ -73,7 +71,6 @@ class HeadlessWindowSystem final : public ProcedureWindowSystem {
   std::map<WindowHandle, Window> windows_;
   WindowHandle next_handle_ = 0x00010010;
   uint64_t next_stack_order_ = 1;
-  WindowHandle active_window_ = 0;
   WindowHandle capture_ = 0;
   std::vector<MessageRecord> delivered_;
 };

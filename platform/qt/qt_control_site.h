@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+#include <memory>
 #include <string>
 
 #include "platform/common/control_site_state.h"
@@ -20,6 +21,14 @@ class QtControlSite final : public ControlSiteState<QtControlSite, QtPlatform, Q
   // The site of a part of the control whose surface is `owner`.
   QtControlSite(QtPlatform& platform, FormAmbient& ambient, QtSurface& owner, std::u16string name)
       : ControlSiteState(platform, ambient, true, std::move(name), owner) {}
+  // The site that fills a popup window: a surface of its own in that top-level widget, whose
+  // property-changed notifications, like a part's, go nowhere.
+  struct InPopup {};
+  QtControlSite(QtPlatform& platform, FormAmbient& ambient, QWidget* popup, InPopup /*tag*/)
+      : ControlSiteState(platform, ambient, true, std::u16string(), popup, true) {}
+
+  static std::unique_ptr<IPopupWindow> MakePopup(QtPlatform& platform, FormAmbient& ambient,
+                                                 QtSurface& owner);
 };
 
 }  // namespace zk

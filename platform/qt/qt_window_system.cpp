@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QWheelEvent>
+#include <QWindow>
+#include <algorithm>
 #include <utility>
 
 #include "platform/window_messages.h"
@@ -25,7 +27,38 @@ class QtWindowSystem::MessageRouter final : public QObject {
 };
 
 QtWindowSystem::QtWindowSystem()
-    : ProcedureWindowSystem(0x00501000), router_(std::make_unique<MessageRouter>(*this)) {}
+    : ProcedureWindowSystem(0x00501000), router_(std::make_unique<MessageRouter>(*this)) {
+  // Qt tells which window has the focus; a moment without one (between two windows, or while
+  // the application is in the background) leaves the last active window in place. Qt reports
+  // the activations this system asked for later, in their order: those were told when they
+  // were asked for, and their late reports (and older ones meanwhile) must not bring back a
+  // window that is no longer the active one. A window that nobody here asked for is the user's.
+  QObject::connect(qApp, &QGuiApplication::focusWindowChanged, router_.get(),
+                   [this](QWindow* focus) { FocusWindowChanged(focus); });
+}
+
+void QtWindowSystem::FocusWindowChanged(QWindow* focus) {
+  // The window Qt names, not QApplication's active window, which may not have caught up yet.
+  WindowHandle active = 0;
+  for (const auto& [handle, window] : windows_) {
+    if (window.widget != nullptr && window.widget->isWindow() &&
+        window.widget->windowHandle() == focus) {
+      active = handle;
+    }
+  }
+  if (active == 0) return;
+  std::deque<WindowHandle>& asked = requested_activations_;
+  if (!asked.empty() && asked.front() == active) {
+    asked.pop_front();
+    return;
+  }
+  // A window that was asked for and whose turn has not come: a report from before the
+  // requests (the form's first showing, for instance).
+  if (std::find(asked.begin(), asked.end(), active) != asked.end()) return;
+  // The user (or the window manager) activated the window.
+  asked.clear();
+  NoteActivated(active);
+}
 
 QtWindowSystem::~QtWindowSystem() {
   for (auto& [handle, window] : windows_) {
@@ -68,6 +101,7 @@ void QtWindowSystem::Destroyed(WindowHandle window) {
   if (found == windows_.end()) return;
   // A widget that is going is no longer one to use, also for the procedures told of it.
   found->second.widget = nullptr;
+  if (GetActiveWindow() == window) NoteActivated(0);
   SendMessage(window, window_message::kDestroy, 0, 0);
   SendMessage(window, window_message::kNcDestroy, 0, 0);
   found = windows_.find(window);  // a procedure may have done anything meanwhile
@@ -118,8 +152,17 @@ bool QtWindowSystem::ReleaseCapture() {
   return true;
 }
 
-WindowHandle QtWindowSystem::GetActiveWindow() const {
-  return HandleOf(QApplication::activeWindow());
+void QtWindowSystem::RequestActivation(WindowHandle window) {
+  QWidget* widget = Widget(window);
+  if (widget == nullptr) return;
+  QWidget* top = widget->window();
+  // Qt reports nothing for the window that is active already, when nothing else is on its way.
+  if (QApplication::activeWindow() == top && requested_activations_.empty()) return;
+  // Qt reports a run of requests for one window once.
+  const WindowHandle handle = HandleOf(top);
+  if (requested_activations_.empty() || requested_activations_.back() != handle)
+    requested_activations_.push_back(handle);
+  top->activateWindow();
 }
 
 bool QtWindowSystem::Route(WindowHandle window, uint32_t message, int32_t wparam, int32_t lparam) {

@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QWidget>
+#include <deque>
 #include <map>
 #include <memory>
 #include <string>
@@ -11,6 +12,7 @@
 #include "platform/common/procedure_window_system.h"
 
 class QWheelEvent;
+class QWindow;
 
 namespace zk {
 
@@ -44,7 +46,6 @@ class QtWindowSystem final : public ProcedureWindowSystem {
   bool GetWindowRect(WindowHandle window, PixelRect& rect) const override;
   bool ScreenToClient(WindowHandle window, PixelPoint& point) const override;
   bool ReleaseCapture() override;
-  WindowHandle GetActiveWindow() const override;
 
  private:
   class MessageRouter;
@@ -61,6 +62,9 @@ class QtWindowSystem final : public ProcedureWindowSystem {
   // The widget's own handling is Qt's: the event goes on to the widget.
   void OnClassProcedure(WindowHandle window, uint32_t message, int32_t wparam,
                         int32_t lparam) override;
+  void RequestActivation(WindowHandle window) override;
+  // Qt reports that `focus` (a top-level window, or none) has the focus now.
+  void FocusWindowChanged(QWindow* focus);
   // Sends a message that Qt is about to handle; true when the widget's own procedure ran.
   bool Route(WindowHandle window, uint32_t message, int32_t wparam, int32_t lparam);
 
@@ -70,6 +74,9 @@ class QtWindowSystem final : public ProcedureWindowSystem {
   std::map<const QObject*, WindowHandle> handles_;
   WindowHandle next_handle_ = 0x00020010;
   bool class_procedure_ran_ = false;
+  // The top-level windows whose activation was asked of Qt and that Qt has not reported yet,
+  // oldest first.
+  std::deque<WindowHandle> requested_activations_;
 };
 
 }  // namespace zk

@@ -7,6 +7,7 @@
 
 #include "foundation/text_encoding.h"
 #include "hosting/headless_form.h"
+#include "support/test_kinds.h"
 
 namespace zk {
 namespace {
@@ -109,6 +110,65 @@ TEST(ScriptHostTest, AFailingStatementPrintsItsErrorAndTheScriptGoesOn) {
     EXPECT_EQ(outcome.lines, (std::vector<std::string>{row.error, "still running"}));
     EXPECT_EQ(outcome.status, 1);
   }
+}
+
+// A statement that shows a window modal runs the statements after it inside the window's
+// loop, until the window hides; the script goes on after them, and each script keeps its own
+// status.
+TEST(ScriptHostTest, AModalWindowRunsTheStatementsThatFollowUntilItHides) {
+  RegisterTestControlKinds();
+  struct Row {
+    std::u16string script;
+    std::vector<std::string> lines;
+    int status;
+  };
+  const Row rows[] = {
+      {u"new ZKTestPopupOwner P\n? P.Open(True)\n? P.PopupVisible\nP.ClosePopup\n"
+       u"? P.PopupVisible\nevents P",
+       {"True", "True", "False", "WindowActivated(True)", "WindowActivated(False)",
+        "PopupClosed(code)"},
+       0},
+      // A failing statement inside the loop counts for the script.
+      {u"new ZKTestPopupOwner P\n? P.Open(True)\n? Missing.Caption\nP.ClosePopup\n? 1",
+       {"error 424: Object required: Missing", "True", "1"},
+       1},
+      // Nested: a second control's modal window inside the first one's loop.
+      {u"new ZKTestPopupOwner P\nnew ZKTestPopupOwner Q\n? P.Open(True)\n? Q.Open(True)\n"
+       u"? P.PopupVisible\nQ.ClosePopup\n? Q.PopupVisible\nP.ClosePopup\n? P.PopupVisible",
+       {"True", "True", "False", "True", "False"},
+       0},
+      // The script ends inside the loop: the window is hidden and the show returns.
+      {u"new ZKTestPopupOwner P\nP.Open True\n? P.PopupVisible", {"True"}, 0},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(Utf16ToUtf8(row.script));
+    const Outcome outcome = RunScript(row.script);
+    EXPECT_EQ(outcome.lines, row.lines);
+    EXPECT_EQ(outcome.status, row.status);
+  }
+}
+
+// A statement run on its own has no statements after it: a modal window it shows is hidden
+// at once, and the host gives the platform back the modal callback it found.
+TEST(ScriptHostTest, AModalWindowShownByOneStatementReturnsAtOnce) {
+  RegisterTestControlKinds();
+  HeadlessPlatform platform(HeadlessOptions{u"en-US"});
+  PlatformScope scope(platform);
+  HeadlessForm form(platform);
+  int calls = 0;
+  platform.SetModalCallback([&](IPopupWindow&) { ++calls; });
+  {
+    std::vector<std::string> lines;
+    ScriptHost host(form, [&](std::u16string_view line) { lines.push_back(Utf16ToUtf8(line)); });
+    EXPECT_TRUE(host.Execute(u"new ZKTestPopupOwner P"));
+    EXPECT_TRUE(host.Execute(u"? P.Open(True)"));
+    EXPECT_TRUE(host.Execute(u"? P.PopupVisible"));
+    EXPECT_EQ(lines, (std::vector<std::string>{"True", "False"}));
+  }
+  EXPECT_EQ(calls, 0);
+  ASSERT_TRUE(platform.GetModalCallback());
+  platform.GetModalCallback()(*form.FindControl(u"P")->NamedPopup(u"listwindow"));
+  EXPECT_EQ(calls, 1);
 }
 
 }  // namespace

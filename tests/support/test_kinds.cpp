@@ -5,6 +5,7 @@
 #include "controls/control_kinds.h"
 #include "support/test_composite.h"
 #include "support/test_plain.h"
+#include "support/test_popup_owner.h"
 
 namespace zk {
 
@@ -14,6 +15,11 @@ void RegisterTestControlKinds() {
                                     return std::make_shared<ZKTestComposite>(site);
                                   },
                                   2880, 990, false, true, true});
+  RegisterControlKind(ControlKind{u"ZKTestPopupOwner",
+                                  [](IControlSite& site) -> std::shared_ptr<ZKControl> {
+                                    return std::make_shared<ZKTestPopupOwner>(site);
+                                  },
+                                  2880, 375, false, true, true});
   RegisterControlKind(ControlKind{u"ZKTestPlain",
                                   [](IControlSite& site) -> std::shared_ptr<ZKControl> {
                                     return std::make_shared<ZKTestPlain>(site);
