@@ -27,6 +27,8 @@ namespace {
 // The current row is drawn in the system's selection colours.
 constexpr OLE_COLOR kHighlight = 0x8000000D;
 constexpr OLE_COLOR kHighlightText = 0x8000000E;
+// Grey (disabled) text: dark enough to read on the grey a disabled list is given.
+constexpr OLE_COLOR kGrayText = 0x80000011;
 // The text starts this far right of the row's edge.
 constexpr int kTextIndent = 2;
 
@@ -93,8 +95,8 @@ class QtListBox::RowPainter final : public QAbstractItemDelegate {
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override {
     const QPalette standard = QApplication::palette();
-    QColor text = box_.Enabled() ? ToQColor(box_.ForeColor(), standard)
-                                 : standard.color(QPalette::Disabled, QPalette::Text);
+    QColor text =
+        box_.Enabled() ? ToQColor(box_.ForeColor(), standard) : ToQColor(kGrayText, standard);
     if (option.state & QStyle::State_Selected) {
       painter->fillRect(option.rect, ToQColor(kHighlight, standard));
       text = ToQColor(kHighlightText, standard);
@@ -310,8 +312,12 @@ void QtListBox::ShowLook() {
   colors.setColor(QPalette::Base, back);
   view_->setPalette(colors);
   view_->setFont(surface_.Platform().Fonts().ToQFont(Font()));
+  // A scroll area lays its viewport and scroll bars out inside its frame only (contents margins
+  // do not move them), so the border's width is given as a plain frame that the border's own
+  // painting then covers.
   const int border = BorderPixels();
-  view_->setContentsMargins(border, border, border, border);
+  view_->setFrameStyle(border > 0 ? QFrame::Box | QFrame::Plain : QFrame::NoFrame);
+  view_->setLineWidth(border);
   if (RowHeight() != laid_out_row_height_ || HorizontalExtent() != laid_out_extent_) {
     laid_out_row_height_ = RowHeight();
     laid_out_extent_ = HorizontalExtent();

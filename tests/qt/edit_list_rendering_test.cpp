@@ -84,6 +84,36 @@ TEST_F(QtEditListTest, ADisabledListShowsTheInactiveColourInBothColumns) {
   EXPECT_EQ(Render(u"E").pixel(120, 80), kItemsRgb);
 }
 
+TEST_F(QtEditListTest, AFlatBorderRunsAroundBothColumnsAndTheRowsLieInsideIt) {
+  list_.SetAppearance(zktApFlat);
+  list_.SetBorderStyle(zktBSSolid);
+  const QImage image = Render(u"E");
+  const QRgb black = qRgb(0, 0, 0);
+  for (const QPoint edge : {QPoint(20, 0), QPoint(120, 0), QPoint(20, 99), QPoint(120, 99),
+                            QPoint(0, 80), QPoint(199, 80)}) {
+    EXPECT_EQ(image.pixel(edge), black) << edge.x() << "," << edge.y();
+  }
+  // Just inside the border the columns' own colours begin.
+  EXPECT_EQ(image.pixel(1, 80), kTagsRgb);
+  EXPECT_EQ(image.pixel(198, 80), kItemsRgb);
+  EXPECT_EQ(image.pixel(120, 98), kItemsRgb);
+}
+
+TEST_F(QtEditListTest, ADisabledListWritesItsRowsInGreyThatReadsOnTheInactiveColour) {
+  list_.SetEnabled(false);
+  const QImage image = Render(u"E");
+  const int inactive = qGray(Inactive().rgb());
+  int dark_ink = 0;
+  for (int y = 1; y < 40; ++y) {
+    for (int x = 41; x < 199; ++x) {
+      const int level = qGray(image.pixel(x, y));
+      EXPECT_GT(level, 40) << "the enabled fore colour at " << x << "," << y;
+      if (level < inactive - 40) ++dark_ink;
+    }
+  }
+  EXPECT_GT(dark_ink, 10);
+}
+
 TEST_F(QtEditListTest, TheEditorLiesOverTheCellInTheColumnsColours) {
   list_.SetLocked(false);
   list_.SetTagBackColor(0x00FF00);
