@@ -141,13 +141,15 @@ int RunGallery(const GalleryOptions& options) {
   QtForm form(platform);
   QWidget* window = form.Widget();
   window->setWindowTitle(QStringLiteral("ZKBaseGUIControls gallery"));
-  window->resize(900, 740);
+  window->resize(900, 1130);
   BuildLabels(form);
   BuildButtonGallery(form, 240, 4350, 7800, 2700);
   BuildLampGallery(form, 8250, 900, 5000, 3300);
   BuildTextGallery(form, 8250, 4350, 5000, 2700);
   const std::unique_ptr<GalleryTicker> progress =
       BuildProgressGallery(form, 240, 7350, 13000, 3200);
+  const ScopedConnection frame_toggle = BuildFrameGallery(form, 240, 10650, 13000, 2700);
+  BuildSliderGallery(form, 240, 13500, 13000, 2700);
 
   const QString archive = options.archive_file.empty()
                               ? DefaultArchiveFile()
@@ -156,9 +158,9 @@ int RunGallery(const GalleryOptions& options) {
       new QLabel(QStringLiteral("Save and Restore: every control's archive string"), window);
   auto* save = new QPushButton(QStringLiteral("Save"), window);
   auto* restore = new QPushButton(QStringLiteral("Restore"), window);
-  status->setGeometry(16, 702, 560, 24);
-  save->setGeometry(726, 700, 75, 26);
-  restore->setGeometry(808, 700, 75, 26);
+  status->setGeometry(16, 1092, 560, 24);
+  save->setGeometry(726, 1090, 75, 26);
+  restore->setGeometry(808, 1090, 75, 26);
   QObject::connect(save, &QPushButton::clicked, [&form, archive, status] {
     status->setText(SaveArchives(form, archive) ? QStringLiteral("Saved to ") + archive
                                                 : QStringLiteral("Cannot write ") + archive);

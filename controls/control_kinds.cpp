@@ -5,9 +5,11 @@
 
 #include "controls/buttons/color_button.h"
 #include "controls/buttons/image_button.h"
+#include "controls/display/frame.h"
 #include "controls/display/label.h"
 #include "controls/display/led.h"
 #include "controls/display/progress_bar.h"
+#include "controls/slider/slider.h"
 #include "controls/text/multi_line_text_edit.h"
 #include "controls/text/text_edit.h"
 #include "foundation/dispatch_object.h"
@@ -22,12 +24,14 @@ std::shared_ptr<ZKControl> Create(IControlSite& site) {
 
 const std::array kKinds = {
     ControlKind{u"ZKLabel", &Create<ZKLabel>, 1935, 375, true, false, false},
+    ControlKind{u"ZKFrame", &Create<ZKFrame>, 2895, 1935, true, false, false, true},
     ControlKind{u"ZKLed", &Create<ZKLed>, 375, 375, false, false, false},
     ControlKind{u"ZKProgessBar", &Create<ZKProgessBar>, 2415, 375, false, false, false},
     ControlKind{u"ZKColorButton", &Create<ZKColorButton>, 1215, 495, true, true, true},
     ControlKind{u"ZKImgButton", &Create<ZKImgButton>, 1215, 495, true, true, true},
     ControlKind{u"ZKTextEdit", &Create<ZKTextEdit>, 1215, 315, false, true, true},
     ControlKind{u"ZKMultiLineTextEdit", &Create<ZKMultiLineTextEdit>, 1935, 975, false, true, true},
+    ControlKind{u"ZKSlider", &Create<ZKSlider>, 2880, 375, false, true, true},
 };
 
 // Kinds added at run time; a deque keeps the addresses that forms hold.

@@ -21,6 +21,9 @@ struct ControlKind {
   bool tab_stop;
   // Whether the control can take the focus.
   bool can_focus;
+  // Whether a form can place other controls inside it (their windows in its surface, their
+  // positions in its inner area, its enabled state passed on to them by the control itself).
+  bool container = false;
 };
 
 // Every kind of control the library has, in the order the gallery shows them.

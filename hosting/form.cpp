@@ -97,10 +97,27 @@ bool Form::MoveControl(std::u16string_view name, double left, double top, double
 bool Form::RemoveControl(std::u16string_view name) {
   Placed* placed = FindPlaced(name);
   if (placed == nullptr) return false;
-  placed->control.reset();  // the control goes before its site
-  placed_.erase(placed_.begin() + (placed - placed_.data()));
+  // What lies inside goes first, the last placed first, so that no window outlives the
+  // container's surface that holds it.
+  std::vector<std::u16string> removed{placed->name};
+  for (size_t i = 0; i < removed.size(); ++i) {
+    for (const Placed& candidate : placed_) {
+      if (!candidate.container.empty() && MemberNameEquals(candidate.container, removed[i])) {
+        removed.push_back(candidate.name);
+      }
+    }
+  }
+  for (auto at = placed_.end(); at != placed_.begin();) {
+    --at;
+    const bool goes = std::any_of(removed.begin(), removed.end(), [&](const std::u16string& n) {
+      return MemberNameEquals(n, at->name);
+    });
+    if (!goes) continue;
+    at->control.reset();  // the control goes before its site
+    at = placed_.erase(at);
+  }
   Reindex();
-  RenumberTabOrder();  // the controls after it move up one place
+  RenumberTabOrder();  // the controls after it move up
   return true;
 }
 
@@ -114,8 +131,14 @@ void Form::RemoveAll() {
 }
 
 Form::Placed& Form::Place(const ControlKind& kind, std::u16string_view name,
-                          const MemoryPropertyBag* extender_values) {
-  Placed placed{std::u16string(name), &kind, CreateSite(kind, name), nullptr, {}};
+                          const MemoryPropertyBag* extender_values, std::u16string_view container) {
+  Placed* holder = container.empty() ? nullptr : FindPlaced(container);
+  Placed placed{std::u16string(name),
+                &kind,
+                holder != nullptr ? holder->name : std::u16string(),
+                CreateSite(kind, name, holder != nullptr ? holder->site.get() : nullptr),
+                nullptr,
+                {}};
   DispatchObject& extender = placed.site->Extender();
   auto* form_extender = dynamic_cast<FormExtender*>(&extender);
   if (form_extender != nullptr) {
@@ -166,7 +189,7 @@ const ControlKind& Form::NewControlKind(std::u16string_view kind_name, std::u16s
 }
 
 ZKControl& Form::AddControl(std::u16string_view kind_name, std::u16string_view name) {
-  Placed& placed = Place(NewControlKind(kind_name, name), name, nullptr);
+  Placed& placed = Place(NewControlKind(kind_name, name), name, nullptr, {});
   placed.control->InitProperties();
   // A running form shows what it places.
   placed.site->Surface().Shown().Emit(placed.site->Extender().GetProperty(u"Visible").ToBool());
@@ -175,67 +198,156 @@ ZKControl& Form::AddControl(std::u16string_view kind_name, std::u16string_view n
 
 ZKControl& Form::AddControlInside(std::u16string_view kind_name, std::u16string_view name,
                                   std::u16string_view container) {
-  NewControlKind(kind_name, name);
+  const ControlKind& kind = NewControlKind(kind_name, name);
   Placed* holder = FindPlaced(container);
   if (holder == nullptr) {
     throw ZKError(error_number::kObjectRequired, u"Object required: " + std::u16string(container));
   }
-  // A container gives what it holds a window inside its own, positions in its inner area and a
-  // nested block in the form file; until a kind offers that, every control refuses.
-  throw ZKError(
-      error_number::kMemberNotFound,
-      holder->name + u" (" + std::u16string(holder->kind->name) + u") cannot contain controls");
+  if (!holder->kind->container) {
+    throw ZKError(
+        error_number::kMemberNotFound,
+        holder->name + u" (" + std::u16string(holder->kind->name) + u") cannot contain controls");
+  }
+  // As deep as a form file may nest its blocks, so that every form can be saved and loaded.
+  size_t depth = 1;
+  for (const Placed* around = holder; !around->container.empty();
+       around = FindPlaced(around->container)) {
+    ++depth;
+  }
+  if (depth >= kMaxContainerNesting) Refuse(u"Containers nested too deeply: " + holder->name);
+  Placed& placed = Place(kind, name, nullptr, holder->name);
+  placed.control->InitProperties();
+  placed.site->Surface().Shown().Emit(placed.site->Extender().GetProperty(u"Visible").ToBool());
+  return *placed.control;
+}
+
+std::u16string Form::ContainerOf(std::u16string_view name) {
+  Placed* placed = FindPlaced(name);
+  return placed != nullptr ? placed->container : std::u16string();
+}
+
+std::vector<ObjectRef> Form::ContainedControls(std::u16string_view name) {
+  std::vector<ObjectRef> contained;
+  for (const Placed& placed : placed_) {
+    if (!placed.container.empty() && MemberNameEquals(placed.container, name)) {
+      contained.push_back(placed.control);
+    }
+  }
+  return contained;
+}
+
+bool Form::IsShown(std::u16string_view name) {
+  for (Placed* placed = FindPlaced(name); placed != nullptr;
+       placed = placed->container.empty() ? nullptr : FindPlaced(placed->container)) {
+    if (!placed->site->Extender().GetProperty(u"Visible").ToBool()) return false;
+  }
+  return true;
+}
+
+bool Form::ContainersLetThrough(const Placed& placed) {
+  for (Placed* around = placed.container.empty() ? nullptr : FindPlaced(placed.container);
+       around != nullptr;
+       around = around->container.empty() ? nullptr : FindPlaced(around->container)) {
+    if (!around->site->Extender().GetProperty(u"Visible").ToBool() ||
+        !around->site->Surface().Enabled()) {
+      return false;
+    }
+  }
+  return true;
+}
+
+Form::Placed* Form::PlacedWithSurface(const ISurface& surface) {
+  for (Placed& placed : placed_) {
+    if (&placed.site->Surface() == &surface) return &placed;
+  }
+  return nullptr;
 }
 
 std::string Form::SaveText() {
+  // The placed controls by the container they lie in ("" for the form), in placement order.
+  std::unordered_map<std::u16string, std::vector<size_t>> inside;
+  for (size_t i = 0; i < placed_.size(); ++i)
+    inside[LowerCase(placed_[i].container)].push_back(i);
   FormFile file;
-  for (Placed& placed : placed_) {
-    FormFileControl entry;
-    entry.kind = placed.kind->name;
-    DispatchObject& extender = placed.site->Extender();
-    entry.name = extender.GetProperty(u"Name").ToText();
-    for (std::u16string_view key : FormFileExtenderKeys()) {
-      try {
-        entry.extender.Store(key, extender.GetProperty(key));
-      } catch (const ZKError&) {
-        // A value the form does not offer for this control is not saved.
+  const auto blocks = [&](const auto& self, const std::u16string& container,
+                          std::vector<FormFileControl>& out) -> void {
+    auto found = inside.find(container);
+    if (found == inside.end()) return;
+    for (const size_t index : found->second) {
+      Placed& placed = placed_[index];
+      FormFileControl entry;
+      entry.kind = placed.kind->name;
+      DispatchObject& extender = placed.site->Extender();
+      entry.name = extender.GetProperty(u"Name").ToText();
+      for (std::u16string_view key : FormFileExtenderKeys()) {
+        try {
+          entry.extender.Store(key, extender.GetProperty(key));
+        } catch (const ZKError&) {
+          // A value the form does not offer for this control is not saved.
+        }
       }
+      placed.control->WriteProperties(entry.properties);
+      self(self, LowerCase(placed.name), entry.contained);
+      out.push_back(std::move(entry));
     }
-    placed.control->WriteProperties(entry.properties);
-    file.controls.push_back(std::move(entry));
-  }
+  };
+  blocks(blocks, std::u16string(), file.controls);
   return WriteFormFile(file);
 }
 
-void Form::LoadText(std::string_view text) {
-  FormFile file = ReadFormFile(text, platform_.FontCatalogue(), platform_.Pictures());
-  // Everything is checked before the current controls go, so a bad file loses nothing.
-  for (size_t i = 0; i < file.controls.size(); ++i) {
-    const FormFileControl& entry = file.controls[i];
-    if (FindControlKind(entry.kind) == nullptr) {
+namespace {
+
+// Checks a file's blocks before anything is placed: known kinds, names that are names and
+// appear once in the whole file, contents only inside container kinds.
+void CheckBlocks(const std::vector<FormFileControl>& blocks,
+                 std::vector<std::u16string_view>& names_seen) {
+  for (const FormFileControl& entry : blocks) {
+    const ControlKind* kind = FindControlKind(entry.kind);
+    if (kind == nullptr) {
       throw ZKError(31037, u"Error loading from file: unknown control kind " + entry.kind);
     }
     if (!IsName(entry.name)) {
       throw ZKError(31037, u"Error loading from file: not a control name: " + entry.name);
     }
-    for (size_t j = 0; j < i; ++j) {
-      if (MemberNameEquals(file.controls[j].name, entry.name)) {
+    for (std::u16string_view seen : names_seen) {
+      if (MemberNameEquals(seen, entry.name)) {
         throw ZKError(31037, u"Error loading from file: two controls named " + entry.name);
       }
     }
-  }
-  RemoveAll();
-  for (FormFileControl& entry : file.controls) {
-    Placed& placed = Place(*FindControlKind(entry.kind), entry.name, &entry.extender);
-    try {
-      placed.control->ReadProperties(entry.properties);
-      placed.site->Surface().Shown().Emit(placed.site->Extender().GetProperty(u"Visible").ToBool());
-    } catch (...) {
-      MDebugUtils::TraceError(entry.name, u"ReadProperties");
+    names_seen.push_back(entry.name);
+    if (!entry.contained.empty() && !kind->container) {
+      throw ZKError(31037, u"Error loading from file: " + entry.name + u" (" + entry.kind +
+                               u") cannot contain controls");
     }
+    CheckBlocks(entry.contained, names_seen);
   }
+}
+
+}  // namespace
+
+void Form::LoadText(std::string_view text) {
+  FormFile file = ReadFormFile(text, platform_.FontCatalogue(), platform_.Pictures());
+  // Everything is checked before the current controls go, so a bad file loses nothing.
+  std::vector<std::u16string_view> names_seen;
+  CheckBlocks(file.controls, names_seen);
+  RemoveAll();
+  for (FormFileControl& entry : file.controls)
+    PlaceFromFile(entry, {});
   // Each control came with its saved TabIndex; together they give the order.
   RenumberTabOrder();
+}
+
+void Form::PlaceFromFile(FormFileControl& entry, std::u16string_view container) {
+  Placed& placed = Place(*FindControlKind(entry.kind), entry.name, &entry.extender, container);
+  try {
+    placed.control->ReadProperties(entry.properties);
+    placed.site->Surface().Shown().Emit(placed.site->Extender().GetProperty(u"Visible").ToBool());
+  } catch (...) {
+    MDebugUtils::TraceError(entry.name, u"ReadProperties");
+  }
+  const std::u16string name = entry.name;  // `placed` moves as the form places more
+  for (FormFileControl& inner : entry.contained)
+    PlaceFromFile(inner, name);
 }
 
 void Form::MoveInTabOrder(const DispatchObject* moved, int32_t place) {
@@ -308,7 +420,7 @@ std::vector<std::pair<std::u16string, std::u16string>> Form::TakePropertyChanges
 
 bool Form::CanFocus(Placed& placed) {
   if (!placed.kind->can_focus || !placed.control->Enabled()) return false;
-  return placed.site->Extender().GetProperty(u"Visible").ToBool();
+  return placed.site->Extender().GetProperty(u"Visible").ToBool() && ContainersLetThrough(placed);
 }
 
 std::vector<Form::Placed*> Form::TabOrder() {
@@ -344,7 +456,10 @@ bool Form::DeliverAccessKey(const KeyStroke& stroke) {
   if ((stroke.key_code != 13 && stroke.key_code != 27) || stroke.shift != 0) return false;
   const std::u16string_view flag = stroke.key_code == 13 ? u"Default" : u"Cancel";
   for (Placed& placed : placed_) {
-    if (!placed.kind->default_and_cancel || !placed.control->Enabled()) continue;
+    if (!placed.kind->default_and_cancel || !placed.control->Enabled() ||
+        !ContainersLetThrough(placed)) {
+      continue;
+    }
     bool flagged = false;
     try {
       flagged = placed.site->Extender().GetProperty(flag).ToBool();

@@ -39,12 +39,22 @@ class Form {
   // its gap; a loaded form file keeps the order of its saved values.
   ZKControl& AddControl(std::u16string_view kind, std::u16string_view name);
   // Places a new control of that kind inside the placed control `container`, as a designer
-  // drops a control on a container. The kind and the name are checked as AddControl checks
-  // them; no control of the container's name raises ZKError 424, and a control that cannot
-  // hold others raises 438 and places nothing. No kind holds other controls yet: this is where
-  // containers will place what they hold.
+  // drops a control on a container: its window lies in the container's surface, its Left and
+  // Top count from the container's inner area, it moves and hides with the container and goes
+  // when the container goes. It is still a control of the form: it has a place of its own in
+  // the form's tab order (placed last, as AddControl places). The kind and the name are checked
+  // as AddControl checks them; no control of the container's name raises ZKError 424, and a
+  // control whose kind cannot hold others raises 438 and places nothing.
   ZKControl& AddControlInside(std::u16string_view kind, std::u16string_view name,
                               std::u16string_view container);
+  // The name of the container control that the control lies in; empty for a control on the
+  // form itself and for a name that is not placed.
+  std::u16string ContainerOf(std::u16string_view name);
+  // The controls placed inside the container `name` (directly, not inside others within it),
+  // in the order of their placement, as the container's site reports them.
+  std::vector<ObjectRef> ContainedControls(std::u16string_view name);
+  // Whether the control can be seen: it and every container around it are visible.
+  bool IsShown(std::u16string_view name);
   ZKControl* FindControl(std::u16string_view name);
   // The control as a shared reference, for passing it on as an object (null when not placed).
   std::shared_ptr<ZKControl> ControlRef(std::u16string_view name);
@@ -55,13 +65,15 @@ class Form {
   // does: the control lays itself out once. False when no control has that name; a negative
   // size raises ZKError 380 and moves nothing.
   bool MoveControl(std::u16string_view name, double left, double top, double width, double height);
-  // Removes one control (false when there is none of that name), or all of them.
+  // Removes one control with everything placed inside it (false when there is none of that
+  // name), or all of them.
   bool RemoveControl(std::u16string_view name);
   void RemoveAll();
 
-  // The form file of every control (WriteProperties), and its reverse: the form's controls
-  // are replaced by those of the file (ReadProperties). A file that cannot be read changes
-  // nothing and raises ZKError 31037.
+  // The form file of every control (WriteProperties), the controls inside a container nested
+  // in its block, and its reverse: the form's controls are replaced by those of the file
+  // (ReadProperties), each placed where its block lies. A file that cannot be read (or that
+  // nests controls in a kind that holds none) changes nothing and raises ZKError 31037.
   std::string SaveText();
   void LoadText(std::string_view text);
 
@@ -90,6 +102,8 @@ class Form {
   struct Placed {
     std::u16string name;
     const ControlKind* kind;
+    // The name of the container control it lies in; empty on the form itself.
+    std::u16string container;
     std::unique_ptr<IControlSite> site;
     std::shared_ptr<ZKControl> control;
     // Follows writes of the control's TabIndex (goes before the site that raises them).
@@ -97,16 +111,23 @@ class Form {
   };
 
   // A new site for a control of that kind and name, with its extender prepared (sizes
-  // excepted) and its window on the form.
+  // excepted) and its window on the form, or in the surface of the site `container` (a site
+  // that this form made) when given. The site of a container kind reports ContainedControls().
   virtual std::unique_ptr<IControlSite> CreateSite(const ControlKind& kind,
-                                                   std::u16string_view name) = 0;
+                                                   std::u16string_view name,
+                                                   IControlSite* container) = 0;
   // Scales the screen (twips per pixel) where the platform allows it.
   virtual void SetTwipsPerPixel(double twips_per_pixel) = 0;
   std::vector<Placed>& PlacedControls() { return placed_; }
-  // The controls that the Tab key visits, in tab order: enabled, visible, able to take the
-  // focus and with TabStop set.
+  // The controls that the Tab key visits, in tab order (over the whole form, the controls
+  // inside containers included): enabled, visible, inside shown and enabled containers, able to
+  // take the focus and with TabStop set.
   std::vector<Placed*> TabOrder();
   bool CanFocus(Placed& placed);
+  // Whether every container around the control is visible and enabled.
+  bool ContainersLetThrough(const Placed& placed);
+  // The placed control whose site has that surface, or null.
+  Placed* PlacedWithSurface(const ISurface& surface);
   // Asks the control that has the focus whether it may leave; false keeps the focus there.
   bool MayLeave(ZKControl* focused);
   // Enter goes to the form's default control and Escape to its cancel control, as access keys;
@@ -123,8 +144,11 @@ class Form {
   IPlatform& Platform() { return platform_; }
 
  private:
+  // Places a control on the form, or inside `container` (the name of a placed container).
   Placed& Place(const ControlKind& kind, std::u16string_view name,
-                const MemoryPropertyBag* extender_values);
+                const MemoryPropertyBag* extender_values, std::u16string_view container);
+  // Places the file's control and, inside it, what its block nests.
+  void PlaceFromFile(FormFileControl& entry, std::u16string_view container);
   // The kind of a control about to be placed under `name`; raises ZKError 5 for an unknown
   // kind or a name that is taken or not a name.
   const ControlKind& NewControlKind(std::u16string_view kind, std::u16string_view name);

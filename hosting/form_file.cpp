@@ -298,17 +298,27 @@ std::span<const std::u16string_view> FormFileExtenderKeys() {
   return kExtenderKeys;
 }
 
-std::string WriteFormFile(const FormFile& form) {
-  std::u16string out = Utf8ToUtf16(kHeader) + u"\n";
-  for (const FormFileControl& control : form.controls) {
-    out += u"Begin " + control.kind + u" " + control.name + u"\n";
+namespace {
+
+void WriteBlocks(const std::vector<FormFileControl>& controls, const std::u16string& indent,
+                 std::u16string& out) {
+  for (const FormFileControl& control : controls) {
+    out += indent + u"Begin " + control.kind + u" " + control.name + u"\n";
     for (const auto* bag : {&control.extender, &control.properties}) {
       for (const auto& [key, value] : bag->Entries()) {
-        out += u"  " + key + u" = " + ValueText(value) + u"\n";
+        out += indent + u"  " + key + u" = " + ValueText(value) + u"\n";
       }
     }
-    out += u"End\n";
+    WriteBlocks(control.contained, indent + u"  ", out);
+    out += indent + u"End\n";
   }
+}
+
+}  // namespace
+
+std::string WriteFormFile(const FormFile& form) {
+  std::u16string out = Utf8ToUtf16(kHeader) + u"\n";
+  WriteBlocks(form.controls, u"", out);
   return Utf16ToUtf8(out);
 }
 
@@ -316,7 +326,9 @@ FormFile ReadFormFile(std::string_view text, std::shared_ptr<const IFontCatalogu
                       IPictureLoader& pictures) {
   const std::u16string all = Utf8ToUtf16(text);
   FormFile form;
-  FormFileControl* current = nullptr;
+  // The blocks that are open, outermost first; the last one takes the values and the blocks
+  // that begin inside it. Only the innermost one grows, so the others stay where they are.
+  std::vector<FormFileControl*> open;
   bool header_seen = false;
   size_t line_number = 0;
   size_t start = 0;
@@ -331,20 +343,24 @@ FormFile ReadFormFile(std::string_view text, std::shared_ptr<const IFontCatalogu
       if (Utf16ToUtf8(line) != kHeader) Fail(line_number, "not a form file");
       header_seen = true;
     } else if (line.starts_with(u"Begin ")) {
-      if (current) Fail(line_number, "Begin inside a control");
       const std::u16string_view rest = Trim(line.substr(6));
       const size_t blank = rest.find(u' ');
       if (blank == std::u16string_view::npos) Fail(line_number, "Begin needs a kind and a name");
-      form.controls.push_back({std::u16string(rest.substr(0, blank)),
-                               std::u16string(Trim(rest.substr(blank + 1))),
-                               {},
-                               {}});
-      current = &form.controls.back();
+      if (open.size() >= kMaxContainerNesting) Fail(line_number, "controls nested too deeply");
+      std::vector<FormFileControl>& siblings =
+          open.empty() ? form.controls : open.back()->contained;
+      siblings.push_back({std::u16string(rest.substr(0, blank)),
+                          std::u16string(Trim(rest.substr(blank + 1))),
+                          {},
+                          {},
+                          {}});
+      open.push_back(&siblings.back());
     } else if (line == u"End") {
-      if (!current) Fail(line_number, "End without Begin");
-      current = nullptr;
+      if (open.empty()) Fail(line_number, "End without Begin");
+      open.pop_back();
     } else {
-      if (!current) Fail(line_number, "a property outside a control");
+      if (open.empty()) Fail(line_number, "a property outside a control");
+      FormFileControl* current = open.back();
       const size_t equals = line.find(u'=');
       if (equals == std::u16string_view::npos) Fail(line_number, "expected KEY = VALUE");
       const std::u16string key(Trim(line.substr(0, equals)));
@@ -361,7 +377,7 @@ FormFile ReadFormFile(std::string_view text, std::shared_ptr<const IFontCatalogu
     }
   }
   if (!header_seen) Fail(line_number, "empty file");
-  if (current) Fail(line_number, "the last control has no End");
+  if (!open.empty()) Fail(line_number, "the last control has no End");
   return form;
 }
 

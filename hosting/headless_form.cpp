@@ -22,10 +22,17 @@ HeadlessForm::~HeadlessForm() {
   platform_.Windows().DestroyWindow(window_);
 }
 
-std::unique_ptr<IControlSite> HeadlessForm::CreateSite(const ControlKind& /*kind*/,
-                                                       std::u16string_view name) {
+std::unique_ptr<IControlSite> HeadlessForm::CreateSite(const ControlKind& kind,
+                                                       std::u16string_view name,
+                                                       IControlSite* container) {
+  HeadlessSurface* holder =
+      container != nullptr ? &static_cast<HeadlessControlSite&>(*container).Surface() : nullptr;
   auto site = std::make_unique<HeadlessControlSite>(platform_, AmbientProperties(), window_,
-                                                    std::u16string(name));
+                                                    std::u16string(name), holder);
+  if (kind.container) {
+    site->SetContainedControls(
+        [this, holder_name = std::u16string(name)] { return ContainedControls(holder_name); });
+  }
   return site;
 }
 
@@ -62,6 +69,13 @@ void HeadlessForm::DeliverMouse(std::u16string_view name, MouseAction action, in
     // on the control's windowless area the focus inside the control stays where it was.
     bool here = false;
     HeadlessSurface* inner = site->Surface().PressFocusTarget(x, y, here);
+    // Over a control inside a container, the press is that control's.
+    if (inner != nullptr) {
+      if (Placed* holder = PlacedWithSurface(inner->Root())) {
+        placed = holder;
+        if (inner == &inner->Root() && !here) inner = nullptr;
+      }
+    }
     // A control (or part) that refuses to let the focus go keeps the press, and its release,
     // from reaching the other one.
     if (placed && CanFocus(*placed) && !SetFocusTo(placed, inner, here)) {

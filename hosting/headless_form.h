@@ -31,8 +31,8 @@ class HeadlessForm final : public Form {
   void Wait(int32_t milliseconds) override;
 
  protected:
-  std::unique_ptr<IControlSite> CreateSite(const ControlKind& kind,
-                                           std::u16string_view name) override;
+  std::unique_ptr<IControlSite> CreateSite(const ControlKind& kind, std::u16string_view name,
+                                           IControlSite* container) override;
   void SetTwipsPerPixel(double twips_per_pixel) override;
 
  private:

@@ -144,9 +144,12 @@ QtForm::QtForm(QtPlatform& platform) : Form(platform, platform.Recorder()), plat
 }
 
 QtForm::Placed* QtForm::PlacedOf(const QWidget* widget) {
-  for (Placed& placed : PlacedControls()) {
-    const QWidget* control = static_cast<QtControlSite&>(*placed.site).Surface().Widget();
-    if (control != nullptr && (control == widget || control->isAncestorOf(widget))) return &placed;
+  // From the widget outwards: the first control widget met is the innermost control (a
+  // container's widget holds the widgets of the controls inside it).
+  for (const QWidget* step = widget; step != nullptr; step = step->parentWidget()) {
+    for (Placed& placed : PlacedControls()) {
+      if (static_cast<QtControlSite&>(*placed.site).Surface().Widget() == step) return &placed;
+    }
   }
   return nullptr;
 }
@@ -171,10 +174,17 @@ QtForm::~QtForm() {
   RemoveAll();
 }
 
-std::unique_ptr<IControlSite> QtForm::CreateSite(const ControlKind& kind,
-                                                 std::u16string_view name) {
-  return std::make_unique<QtControlSite>(platform_, AmbientProperties(), widget_.data(),
-                                         std::u16string(name), kind.can_focus);
+std::unique_ptr<IControlSite> QtForm::CreateSite(const ControlKind& kind, std::u16string_view name,
+                                                 IControlSite* container) {
+  QtSurface* holder =
+      container != nullptr ? &static_cast<QtControlSite&>(*container).Surface() : nullptr;
+  auto site = std::make_unique<QtControlSite>(platform_, AmbientProperties(), widget_.data(),
+                                              std::u16string(name), kind.can_focus, holder);
+  if (kind.container) {
+    site->SetContainedControls(
+        [this, holder_name = std::u16string(name)] { return ContainedControls(holder_name); });
+  }
+  return site;
 }
 
 void QtForm::SetTwipsPerPixel(double twips_per_pixel) {
@@ -188,14 +198,8 @@ QtControlSite* QtForm::FindSite(std::u16string_view name) {
 
 ZKControl* QtForm::FocusedControl() {
   const QWidget* focus = QApplication::focusWidget();
-  for (Placed& placed : PlacedControls()) {
-    const QWidget* control = static_cast<QtControlSite&>(*placed.site).Surface().Widget();
-    if (focus != nullptr && control != nullptr &&
-        (focus == control || control->isAncestorOf(focus))) {
-      return placed.control.get();
-    }
-  }
-  return nullptr;
+  Placed* placed = focus != nullptr ? PlacedOf(focus) : nullptr;
+  return placed != nullptr ? placed->control.get() : nullptr;
 }
 
 void QtForm::DeliverMouse(std::u16string_view name, MouseAction action, int16_t button,
@@ -215,11 +219,14 @@ void QtForm::DeliverMouse(std::u16string_view name, MouseAction action, int16_t 
     if (target == nullptr) target = control;
   }
   if (action == MouseAction::kDown || action == MouseAction::kDoubleDown) {
-    Placed* placed = FindPlaced(name);
+    // Over a control inside a container, the press is that control's.
+    Placed* placed = PlacedOf(target);
+    if (placed == nullptr) placed = FindPlaced(name);
     // The press gives the focus to the part under it (or the control's own text box there);
     // on the control's own area the focus inside the control stays where it was.
     bool here = false;
-    QtSurface* inner = surface.PressFocusTarget(target, here);
+    QtSurface* inner =
+        static_cast<QtControlSite&>(*placed->site).Surface().PressFocusTarget(target, here);
     // A control (or part) that refuses to let the focus go keeps the press from reaching the
     // other one.
     if (placed != nullptr && CanFocus(*placed)) {

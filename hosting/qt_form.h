@@ -30,14 +30,15 @@ class QtForm final : public Form {
   void Wait(int32_t milliseconds) override;
 
  protected:
-  std::unique_ptr<IControlSite> CreateSite(const ControlKind& kind,
-                                           std::u16string_view name) override;
+  std::unique_ptr<IControlSite> CreateSite(const ControlKind& kind, std::u16string_view name,
+                                           IControlSite* container) override;
   void SetTwipsPerPixel(double twips_per_pixel) override;
 
  private:
   class FormWidget;
   class InputGuard;
-  // The placed control whose widget is `widget` or holds it, or null.
+  // The placed control whose widget is `widget` or holds it (the innermost one, when controls
+  // lie inside a container), or null.
   Placed* PlacedOf(const QWidget* widget);
   // Gives the focus to the control after the one that has it agreed. The focus inside the
   // control goes to `inner` when given (see QtSurface::MoveFocusHere).

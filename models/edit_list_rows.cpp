@@ -216,10 +216,23 @@ void EditListRows::Insert(int32_t index, std::u16string_view item, std::u16strin
 
 void EditListRows::InsertIntoBlocks(int32_t index, std::u16string_view item,
                                     std::u16string_view tag, uint8_t order) {
-  // Room for one more block first, so that adding a block cannot fail halfway.
-  blocks_.reserve(blocks_.size() + 1);
-  starts_.reserve(starts_.size() + 1);
-  relation_counts_.reserve(relation_counts_.size() + 1);
+  // The texts may be views of rows of this list. Blocks that move (when the block list grows)
+  // take short texts stored inside them along, and the block that changes moves its own texts:
+  // in either case the new row's texts are copied first.
+  std::u16string own_item;
+  std::u16string own_tag;
+  const auto keep = [&] {
+    if (item.data() != own_item.data()) item = own_item.assign(item);
+    if (tag.data() != own_tag.data()) tag = own_tag.assign(tag);
+  };
+  if (blocks_.size() == blocks_.capacity()) {
+    keep();
+    // Room for more blocks first, so that adding a block cannot fail halfway.
+    const size_t room = std::max<size_t>(8, blocks_.size() * 2);
+    blocks_.reserve(room);
+    starts_.reserve(room);
+    relation_counts_.reserve(room);
+  }
   size_t block = 0;
   int32_t offset = 0;
   if (blocks_.empty()) {
@@ -236,6 +249,14 @@ void EditListRows::InsertIntoBlocks(int32_t index, std::u16string_view item,
     if (offset == 0 && block > 0 && blocks_[block - 1].Size() < max_block_rows_) {
       --block;
       offset = blocks_[block].Size();
+    }
+  }
+  const Block& changing = blocks_[block];
+  if (changing.Size() >= max_block_rows_) {
+    keep();
+  } else {
+    for (const PackedTexts& texts : changing.texts) {
+      if (texts.Holds(item) || texts.Holds(tag)) keep();
     }
   }
   if (blocks_[block].Size() >= max_block_rows_) {

@@ -64,7 +64,8 @@ class EditListRows {
   // the rows change.
   std::u16string_view Text(int column, int32_t index) const;
 
-  // Inserts a row at `index` (0 to Count()). `placement` is what FindPlacement answered for
+  // Inserts a row at `index` (0 to Count()); the texts may be views of rows of this list.
+  // `placement` is what FindPlacement answered for
   // this very row (its key being the row's text in the placement's column) or null. Comparisons
   // happen before anything changes, so a comparison that throws leaves the rows as they were.
   void Insert(int32_t index, std::u16string_view item, std::u16string_view tag,

@@ -1,5 +1,6 @@
 #include "models/packed_texts.h"
 
+#include <functional>
 #include <limits>
 #include <stdexcept>
 
@@ -15,6 +16,13 @@ void ShiftEnds(std::vector<uint32_t>& ends, size_t first, uint32_t delta) noexce
 }
 
 }  // namespace
+
+bool PackedTexts::Holds(std::u16string_view text) const noexcept {
+  if (text.empty() || units_.empty()) return false;
+  const std::less_equal<const char16_t*> at_or_before;
+  return at_or_before(units_.data(), text.data()) &&
+         std::less<const char16_t*>()(text.data(), units_.data() + units_.size());
+}
 
 void PackedTexts::Insert(int32_t offset, std::u16string_view text) {
   if (text.size() > kMaxUnits - units_.size()) throw std::length_error("texts too long");

@@ -25,6 +25,8 @@ class PackedTexts {
     return std::u16string_view(units_).substr(begin, ends_[static_cast<size_t>(offset)] - begin);
   }
   std::u16string_view Back() const noexcept { return At(Size() - 1); }
+  // The text lies in this sequence's buffer: it would move with the next change.
+  bool Holds(std::u16string_view text) const noexcept;
 
   // Inserts a text before `offset` (0 to Size()). Throws std::length_error, changing nothing,
   // when the units would no longer be countable in 32 bits.

@@ -203,4 +203,104 @@ class ITextBoxElement : public IElement {
   virtual Signal<int16_t&, int16_t&>& KeyUp() = 0;
 };
 
+// A list box with a window of its own: one column of text rows in the order the control gives
+// them (the box sorts nothing), at most one of them current. Rows are RowHeight pixels high;
+// VisibleRows whole rows fit between the borders (and above a horizontal scroll bar). A vertical
+// scroll bar shows while the rows do not all fit, and the window's style has
+// window_style::kVerticalScrollBar set exactly then; a horizontal one shows while the
+// HorizontalExtent is wider than the rows' area. The box answers the list messages sent to its
+// window: kListGetItemHeight, kListSetItemHeight (1 to 255 pixels, else kListError) and
+// kListSetHorizontalExtent; kVScroll acts as its scroll bar does.
+//
+// Click is raised after every change of the current row, whoever made it: the program
+// (SetListIndex), the keys (Up, Down, Left, Right, PgUp, PgDn, Home, End) or the mouse (a press
+// of the left button on a row makes it current and raises Click even when it already was).
+// Scroll is raised when the user moves the first visible row with the scroll bar, or with the
+// keys or the mouse as they bring the current row into view. The mouse wheel (kMouseWheel to the
+// window: three rows a notch) scrolls without Scroll: a control that follows the wheel observes
+// the message on the box's window, after the box handled it. The program's changes of the rows
+// and of TopIndex raise nothing. While the control has the focus and the box has it inside the
+// control, the keys go to the box: KeyDown (a handler may change the code, or set it to 0 so
+// that the box does nothing with it), KeyPress with the typed character, KeyUp.
+class IListBoxElement : public IElement {
+ public:
+  virtual WindowHandle hWnd() const = 0;
+
+  virtual int32_t ListCount() const = 0;
+  // The text of a row; empty outside the rows.
+  virtual std::u16string List(int32_t index) const = 0;
+  // Replaces the text of a row; false (and nothing changes) outside the rows.
+  virtual bool SetList(int32_t index, std::u16string_view text) = 0;
+  // Inserts a row before `index` (-1 or ListCount: after the last); false for other indexes.
+  // The current row stays current, its index moving with it.
+  virtual bool AddItem(std::u16string_view text, int32_t index) = 0;
+  // Removes a row; false outside the rows. Removing the current row leaves none current.
+  virtual bool RemoveItem(int32_t index) = 0;
+  // Removes every row; none is current and the first row is on top.
+  virtual void Clear() = 0;
+
+  // The current row, -1 for none.
+  virtual int32_t ListIndex() const = 0;
+  // Makes a row current (-1: none) and scrolls it into view; false for an index outside -1 to
+  // ListCount - 1. Click follows when the current row changed.
+  virtual bool SetListIndex(int32_t index) = 0;
+  // The first visible row.
+  virtual int32_t TopIndex() const = 0;
+  // Scrolls as near to having that row on top as the rows allow (the last row does not go above
+  // the bottom); false for an index outside the rows (0 is accepted in an empty box).
+  virtual bool SetTopIndex(int32_t index) = 0;
+  // The whole rows that fit in the box.
+  virtual int32_t VisibleRows() const = 0;
+
+  virtual OLE_COLOR ForeColor() const = 0;
+  virtual void SetForeColor(OLE_COLOR color) = 0;
+  virtual OLE_COLOR BackColor() const = 0;
+  virtual void SetBackColor(OLE_COLOR color) = 0;
+  // A new font gives the rows the height of its line.
+  virtual FontDescription Font() const = 0;
+  virtual void SetFont(const FontDescription& font) = 0;
+  // 0 flat, 1 3-D.
+  virtual int16_t Appearance() const = 0;
+  virtual void SetAppearance(int16_t appearance) = 0;
+  // 0 none, 1 a border (one pixel flat, two in 3-D).
+  virtual int16_t BorderStyle() const = 0;
+  virtual void SetBorderStyle(int16_t style) = 0;
+  // The height of every row, pixels; SetRowHeight accepts 1 to 255.
+  virtual int32_t RowHeight() const = 0;
+  virtual bool SetRowHeight(int32_t pixels) = 0;
+  // How wide the rows may be scrolled sideways, pixels; 0 for no horizontal scrolling.
+  virtual int32_t HorizontalExtent() const = 0;
+  virtual void SetHorizontalExtent(int32_t pixels) = 0;
+
+  // Moves the focus inside the control to the box (see ISurface::SetFocus, of which this is the
+  // box's form); while the control does not have the form's focus, the box is remembered as
+  // where the focus goes when it comes. False when the focus could not move.
+  virtual bool SetFocus() = 0;
+  // True while the box has the keys.
+  virtual bool HasFocus() const = 0;
+
+  virtual Signal<>& Scroll() = 0;
+  virtual Signal<int16_t&, int16_t&>& KeyDown() = 0;
+  virtual Signal<int16_t&>& KeyPress() = 0;
+  virtual Signal<int16_t&, int16_t&>& KeyUp() = 0;
+  // Raised as the box gains and loses the keys.
+  virtual Signal<>& GotFocus() = 0;
+  virtual Signal<>& LostFocus() = 0;
+};
+
+// A picture box: a rectangle with a window of its own, filled with its back colour inside an
+// optional border. It lies above the windowless elements and gets the mouse over its area.
+class IPictureBoxElement : public IElement {
+ public:
+  virtual WindowHandle hWnd() const = 0;
+  virtual OLE_COLOR BackColor() const = 0;
+  virtual void SetBackColor(OLE_COLOR color) = 0;
+  // 0 none, 1 a border (one pixel flat, two in 3-D).
+  virtual int16_t BorderStyle() const = 0;
+  virtual void SetBorderStyle(int16_t style) = 0;
+  // 0 flat, 1 3-D.
+  virtual int16_t Appearance() const = 0;
+  virtual void SetAppearance(int16_t appearance) = 0;
+};
+
 }  // namespace zk

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string_view>
+#include <vector>
 
 #include "foundation/dispatch_object.h"
 #include "foundation/signal.h"
@@ -59,6 +60,11 @@ class IControlSite {
   // notification; its property-changed notifications go nowhere. The part must be destroyed
   // before its site, and the site before this control's own site.
   virtual std::unique_ptr<IControlSite> CreateChildSite(std::u16string_view name) = 0;
+
+  // The controls that the host placed inside this control, when its kind is a container: their
+  // automation objects, in the host's order (the order of placement). Empty for a control that
+  // holds nothing, and for a part.
+  virtual std::vector<ObjectRef> ContainedControls() = 0;
 };
 
 }  // namespace zk

@@ -76,6 +76,10 @@ class ISurface {
   virtual std::unique_ptr<IImageElement> CreateImage() = 0;
   // A text box; while it exists, the control's keys go to it instead of to the surface.
   virtual std::unique_ptr<ITextBoxElement> CreateTextBox(bool multi_line) = 0;
+  // A list box; the keys go to it as to a text box, and to the box or text box created last
+  // until one of them is pressed or given the focus.
+  virtual std::unique_ptr<IListBoxElement> CreateListBox() = 0;
+  virtual std::unique_ptr<IPictureBoxElement> CreatePictureBox() = 0;
 
   // The focus inside a control. The form gives its focus to a control as a whole; inside it,
   // the focus belongs to the control's own surface or to one of its parts (and so on, for parts

@@ -50,3 +50,15 @@ inline constexpr int32_t kScreenHeight = 1;            // SM_CYSCREEN
 inline constexpr int32_t kVerticalScrollWidth = 2;     // SM_CXVSCROLL
 inline constexpr int32_t kHorizontalScrollHeight = 3;  // SM_CYHSCROLL
 }  // namespace zk::system_metric
+
+// The scroll bar requests of kVScroll, in the low word of its first value.
+namespace zk::scroll_request {
+inline constexpr int32_t kLineUp = 0;         // SB_LINEUP
+inline constexpr int32_t kLineDown = 1;       // SB_LINEDOWN
+inline constexpr int32_t kPageUp = 2;         // SB_PAGEUP
+inline constexpr int32_t kPageDown = 3;       // SB_PAGEDOWN
+inline constexpr int32_t kThumbPosition = 4;  // SB_THUMBPOSITION: to the row in the high word
+inline constexpr int32_t kThumbTrack = 5;     // SB_THUMBTRACK: likewise, while dragged
+inline constexpr int32_t kTop = 6;            // SB_TOP
+inline constexpr int32_t kBottom = 7;         // SB_BOTTOM
+}  // namespace zk::scroll_request

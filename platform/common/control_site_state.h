@@ -1,9 +1,11 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "platform/common/form_ambient.h"
 #include "platform/common/form_extender.h"
@@ -37,7 +39,14 @@ class ControlSiteState : public IControlSite {
   std::unique_ptr<IControlSite> CreateChildSite(std::u16string_view name) override {
     return std::make_unique<SiteT>(platform_, ambient_, surface_, std::u16string(name));
   }
+  std::vector<ObjectRef> ContainedControls() override {
+    return contents_ ? contents_() : std::vector<ObjectRef>{};
+  }
   bool IsPart() const { return is_part_; }
+  // Where a container's site finds the controls that the form placed inside it.
+  void SetContainedControls(std::function<std::vector<ObjectRef>()> contents) {
+    contents_ = std::move(contents);
+  }
 
  protected:
   template <typename... SurfaceArgs>
@@ -57,6 +66,7 @@ class ControlSiteState : public IControlSite {
   bool is_part_;
   FormExtender extender_;
   SurfaceT surface_;
+  std::function<std::vector<ObjectRef>()> contents_;
 };
 
 }  // namespace zk

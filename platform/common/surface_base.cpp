@@ -133,9 +133,11 @@ void SurfaceBase::SyncFocus() {
     });
     if (loser != nullptr) {
       loser->has_focus_ = false;
+      loser->HoldsFocusChanged();
       loser->lost_focus_.Emit();
     } else if (gainer != nullptr) {
       gainer->has_focus_ = true;
+      gainer->HoldsFocusChanged();
       gainer->got_focus_.Emit();
     } else {
       return;

@@ -61,6 +61,8 @@ class SurfaceBase : public ISurface {
   virtual void TakeFocusNow() = 0;
   // The part that the focus goes to inside this surface changed.
   virtual void FocusPartChanged() {}
+  // HasFocus changed; runs before GotFocus or LostFocus is raised.
+  virtual void HoldsFocusChanged() {}
 
   // Makes every surface of the tree hold the focus exactly when ShouldHoldFocus says so:
   // LostFocus first, innermost first, then GotFocus, outermost first. A handler may move the

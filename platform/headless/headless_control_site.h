@@ -12,9 +12,11 @@ namespace zk {
 class HeadlessControlSite final
     : public ControlSiteState<HeadlessControlSite, HeadlessPlatform, HeadlessSurface> {
  public:
+  // The site of a control on a form; `container` is the surface of the container control that
+  // the control lies in, or null for one on the form itself.
   HeadlessControlSite(HeadlessPlatform& platform, FormAmbient& ambient, WindowHandle form_window,
-                      std::u16string name)
-      : ControlSiteState(platform, ambient, false, std::move(name), form_window) {}
+                      std::u16string name, HeadlessSurface* container = nullptr)
+      : ControlSiteState(platform, ambient, false, std::move(name), form_window, container) {}
   // The site of a part of the control whose surface is `owner`.
   HeadlessControlSite(HeadlessPlatform& platform, FormAmbient& ambient, HeadlessSurface& owner,
                       std::u16string name)

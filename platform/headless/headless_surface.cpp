@@ -7,6 +7,8 @@
 #include "platform/headless/headless_image.h"
 #include "platform/headless/headless_label.h"
 #include "platform/headless/headless_line.h"
+#include "platform/headless/headless_list_box.h"
+#include "platform/headless/headless_picture_box.h"
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/headless_shape.h"
 #include "platform/headless/headless_text_box.h"
@@ -42,22 +44,29 @@ int32_t ToPixels(double twips, double twips_per_pixel) {
 
 // A text box that tells its surface when it goes, so that keys stop going to it. It has a
 // window of its own: it lies among the surface's windows and makes its own clicks.
-class KeyTakingTextBox final : public HeadlessTextBox, public IMouseWindow {
+class KeyTakingTextBox final : public HeadlessTextBox,
+                               public IMouseWindow,
+                               public HeadlessKeyWindow {
  public:
-  KeyTakingTextBox(std::shared_ptr<HeadlessTextBox*> target, std::weak_ptr<MouseDispatcher> list,
+  KeyTakingTextBox(std::shared_ptr<HeadlessKeyFocus> keys, std::weak_ptr<MouseDispatcher> list,
                    HeadlessPlatform& platform, WindowHandle parent, bool multi_line)
       : HeadlessTextBox(platform, parent, multi_line),
-        target_(std::move(target)),
+        keys_(std::move(keys)),
         list_(std::move(list)),
         platform_(platform),
         own_clicks_({&Click(), &DblClick(), &MouseDown(), &MouseMove(), &MouseUp()},
                     [this] { return std::pair<double, double>(Width(), Height()); }) {
-    *target_ = this;
+    keys_->target = this;
     if (auto list_alive = list_.lock()) list_alive->AddWindow(this);
   }
   ~KeyTakingTextBox() override {
     if (auto list_alive = list_.lock()) list_alive->RemoveWindow(this);
-    if (*target_ == this) *target_ = nullptr;
+    if (keys_->target == this) keys_->target = nullptr;
+    if (keys_->holder == this) keys_->holder = nullptr;
+  }
+
+  void DeliverKey(int16_t key_code, int16_t shift, int16_t character) override {
+    HeadlessTextBox::DeliverKey(key_code, shift, character);
   }
 
   void BringToFront() override {
@@ -74,7 +83,7 @@ class KeyTakingTextBox final : public HeadlessTextBox, public IMouseWindow {
   }
 
  private:
-  std::shared_ptr<HeadlessTextBox*> target_;
+  std::shared_ptr<HeadlessKeyFocus> keys_;
   std::weak_ptr<MouseDispatcher> list_;
   HeadlessPlatform& platform_;
   // The box's own events, raised as a surface raises its own.
@@ -84,20 +93,28 @@ class KeyTakingTextBox final : public HeadlessTextBox, public IMouseWindow {
 }  // namespace
 
 HeadlessSurface::HeadlessSurface(HeadlessPlatform& platform, FormExtender& extender,
-                                 WindowHandle parent_window)
-    : HeadlessSurface(platform, extender, nullptr, parent_window) {}
+                                 WindowHandle form_window, HeadlessSurface* container)
+    : HeadlessSurface(platform, extender, nullptr, container,
+                      container != nullptr ? container->window_ : form_window) {
+  if (container_ != nullptr) {
+    container_->contained_.push_back(this);
+    container_->elements_->AddWindow(this);
+  }
+}
 
 HeadlessSurface::HeadlessSurface(HeadlessPlatform& platform, FormExtender& extender,
                                  HeadlessSurface& owner)
-    : HeadlessSurface(platform, extender, &owner, owner.window_) {
+    : HeadlessSurface(platform, extender, &owner, nullptr, owner.window_) {
   owner.elements_->AddWindow(this);
 }
 
 HeadlessSurface::HeadlessSurface(HeadlessPlatform& platform, FormExtender& extender,
-                                 HeadlessSurface* owner, WindowHandle parent_window)
+                                 HeadlessSurface* owner, HeadlessSurface* container,
+                                 WindowHandle parent_window)
     : PersistentDrawing(owner),
       platform_(platform),
       extender_(extender),
+      container_(container),
       back_color_(0x8000000F),
       elements_(std::make_shared<MouseDispatcher>(
           MouseDispatcher::SurfaceEvents{&click_, &dbl_click_, &mouse_down_, &mouse_move_,
@@ -105,6 +122,7 @@ HeadlessSurface::HeadlessSurface(HeadlessPlatform& platform, FormExtender& exten
           [this] { return std::pair<double, double>(ScaleWidth(), ScaleHeight()); })) {
   window_ =
       platform_.Windows().CreateWindow(parent_window, u"ZKControl", WindowBounds(), 0x50000000);
+  keys_->surface = this;
   last_width_ = extender_.Width();
   last_height_ = extender_.Height();
   extender_connection_ = extender_.PropertyWritten().Connect(
@@ -116,7 +134,16 @@ HeadlessSurface* HeadlessSurface::OwnerSurface() const {
 }
 
 HeadlessSurface::~HeadlessSurface() {
+  keys_->surface = nullptr;
   if (HeadlessSurface* owner = OwnerSurface()) owner->elements_->RemoveWindow(this);
+  if (container_ != nullptr) {
+    container_->elements_->RemoveWindow(this);
+    std::erase(container_->contained_, this);
+  }
+  // A form takes out what a container holds before the container; should one outlive it,
+  // it no longer points at a surface that is gone.
+  for (HeadlessSurface* contained : contained_)
+    contained->container_ = nullptr;
   DetachFromOwner();
   platform_.Windows().DestroyWindow(window_);
 }
@@ -134,9 +161,11 @@ int32_t HeadlessSurface::BorderPixels() const {
 PixelRect HeadlessSurface::WindowBounds() const {
   const double tpp_x = platform_.Screen().TwipsPerPixelX();
   const double tpp_y = platform_.Screen().TwipsPerPixelY();
-  // A part lies in its owner's inner area, inside the owner's border.
+  // A part lies in its owner's inner area, inside the owner's border, and a contained control
+  // in its container's.
   const HeadlessSurface* owner = OwnerSurface();
-  const int32_t origin = owner != nullptr ? owner->BorderPixels() : 0;
+  const HeadlessSurface* around = owner != nullptr ? owner : container_;
+  const int32_t origin = around != nullptr ? around->BorderPixels() : 0;
   return {origin + ToPixels(extender_.Left(), tpp_x), origin + ToPixels(extender_.Top(), tpp_y),
           origin + ToPixels(extender_.Left() + extender_.Width(), tpp_x),
           origin + ToPixels(extender_.Top() + extender_.Height(), tpp_y)};
@@ -175,13 +204,21 @@ void HeadlessSurface::PlacePartWindows() {
     auto* surface = static_cast<HeadlessSurface*>(part);
     platform_.Windows().MoveWindow(surface->window_, surface->WindowBounds());
   }
+  for (HeadlessSurface* contained : contained_)
+    platform_.Windows().MoveWindow(contained->window_, contained->WindowBounds());
 }
 
 void HeadlessSurface::BringToFront() {
   platform_.Windows().BringToTop(window_);
-  if (HeadlessSurface* owner = OwnerSurface()) {
-    owner->elements_->BringToFront(static_cast<IMouseWindow*>(this));
+  HeadlessSurface* around = OwnerSurface() != nullptr ? OwnerSurface() : container_;
+  if (around != nullptr) around->elements_->BringToFront(static_cast<IMouseWindow*>(this));
+}
+
+bool HeadlessSurface::ContainersLetThrough() const {
+  for (const HeadlessSurface* around = container_; around != nullptr; around = around->container_) {
+    if (!around->extender_.Visible() || !around->enabled_) return false;
   }
+  return true;
 }
 
 void HeadlessSurface::PopupMenu(const Variant&, const Variant&, const Variant&, const Variant&,
@@ -208,13 +245,23 @@ std::unique_ptr<IImageElement> HeadlessSurface::CreateImage() {
 }
 
 std::unique_ptr<ITextBoxElement> HeadlessSurface::CreateTextBox(bool multi_line) {
-  return std::make_unique<KeyTakingTextBox>(key_target_, elements_, platform_, window_, multi_line);
+  return std::make_unique<KeyTakingTextBox>(keys_, elements_, platform_, window_, multi_line);
+}
+
+std::unique_ptr<IListBoxElement> HeadlessSurface::CreateListBox() {
+  return std::make_unique<HeadlessListBox>(platform_, window_, elements_, keys_);
+}
+
+std::unique_ptr<IPictureBoxElement> HeadlessSurface::CreatePictureBox() {
+  return std::make_unique<HeadlessPictureBox>(platform_, window_, elements_);
 }
 
 void HeadlessSurface::DeliverKey(int16_t key_code, int16_t shift, int16_t character) {
   auto& leaf = static_cast<HeadlessSurface&>(FocusLeaf());
   if (&leaf != this) return leaf.DeliverKey(key_code, shift, character);
-  if (HeadlessTextBox* box = *key_target_) return box->DeliverKey(key_code, shift, character);
+  if (HeadlessKeyWindow* window = keys_->target) {
+    return window->DeliverKey(key_code, shift, character);
+  }
   int16_t code = key_code;
   int16_t modifiers = shift;
   key_down_.Emit(code, modifiers);
@@ -246,7 +293,8 @@ void HeadlessSurface::FollowExtender(std::u16string_view property) {
 }
 
 void HeadlessSurface::Deliver(MouseAction action, int16_t button, int16_t shift, float x, float y) {
-  if (enabled_) elements_->Deliver(action, button, shift, x, y);
+  // A disabled container takes the input of everything inside it, as a disabled window does.
+  if (enabled_ && ContainersLetThrough()) elements_->Deliver(action, button, shift, x, y);
 }
 
 bool HeadlessSurface::TakesMouseAt(double x, double y) const {
@@ -268,7 +316,8 @@ HeadlessSurface* HeadlessSurface::PressFocusTarget(double x, double y, bool& her
   if (window == nullptr) return nullptr;
   auto* part = dynamic_cast<HeadlessSurface*>(window);
   if (part == nullptr) {
-    here = true;  // a text box of this surface
+    here = true;  // a box of this surface, which takes the keys from now on
+    if (auto* key_window = dynamic_cast<HeadlessKeyWindow*>(window)) keys_->target = key_window;
     return this;
   }
   const double inner_x =
@@ -286,7 +335,7 @@ void HeadlessSurface::SetFormFocus(bool focused) {
 }
 
 bool HeadlessSurface::CanTakeFocus() const {
-  return extender_.Visible() && enabled_;
+  return extender_.Visible() && enabled_ && ContainersLetThrough();
 }
 
 bool HeadlessSurface::ShouldHoldFocus() const {
@@ -300,6 +349,19 @@ bool HeadlessSurface::ShouldHoldFocus() const {
 
 void HeadlessSurface::TakeFocusNow() {
   SyncFocus();
+  UpdateKeyHolder();
+}
+
+void HeadlessSurface::UpdateKeyHolder() {
+  HeadlessKeyWindow* holder = HasFocus() && FocusPart() == nullptr ? keys_->target : nullptr;
+  if (holder == keys_->holder) return;
+  HeadlessKeyWindow* previous = std::exchange(keys_->holder, holder);
+  const uint32_t change = ++keys_->holder_changes;
+  // The box that had the keys hears of it first. Its handler may move the focus again, and
+  // that move tells the boxes itself.
+  const std::shared_ptr<HeadlessKeyFocus> keys = keys_;
+  if (previous != nullptr) previous->KeysChanged(false);
+  if (holder != nullptr && keys->holder_changes == change) holder->KeysChanged(true);
 }
 
 }  // namespace zk

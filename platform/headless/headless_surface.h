@@ -7,25 +7,29 @@
 #include "platform/common/mouse_dispatcher.h"
 #include "platform/common/persistent_drawing.h"
 #include "platform/common/surface_base.h"
+#include "platform/headless/headless_key_window.h"
 
 namespace zk {
 
 class HeadlessPlatform;
-class HeadlessTextBox;
 
 // A control's area on a headless form: a window in the form's window tree, sized by the
 // control's extender. A border takes one pixel on each side (two with the 3-D appearance).
 // The surface of a part is a window inside its owner's surface, placed in twips of the owner's
-// inner area. Mouse input delivered with Deliver() goes to the topmost window under the point (a
-// part's surface, which passes it on in its own coordinates, or a text box), else to the
-// topmost visible and enabled windowless element under it (the one created last), in that
-// element's coordinates, or to the surface itself. The form says when the control has its
-// focus (SetFormFocus); the focus inside the control follows the focus path. Nothing is
-// painted: the persistent drawing is kept as the list of rectangles drawn (DrawnRects).
+// inner area; so is the surface of a control that the form placed inside a container control,
+// which stays a control of the form of its own. Mouse input delivered with Deliver() goes to the
+// topmost window under the point (a part's surface or a contained control's, which passes it on in
+// its own coordinates, a text box or a list box), else to the topmost visible and enabled
+// windowless element under it (the one created last), in that element's coordinates, or to the
+// surface itself. The form says when the control has its focus (SetFormFocus); the focus inside the
+// control follows the focus path. Nothing is painted: the persistent drawing is kept as the list of
+// rectangles drawn (DrawnRects).
 class HeadlessSurface final : public PersistentDrawing<SurfaceBase>, public IMouseWindow {
  public:
-  // The surface of a control on a form, in the form's window.
-  HeadlessSurface(HeadlessPlatform& platform, FormExtender& extender, WindowHandle parent_window);
+  // The surface of a control on a form, in the form's window, or inside the surface of the
+  // container control `container`.
+  HeadlessSurface(HeadlessPlatform& platform, FormExtender& extender, WindowHandle form_window,
+                  HeadlessSurface* container = nullptr);
   // The surface of a part of the control whose surface is `owner`.
   HeadlessSurface(HeadlessPlatform& platform, FormExtender& extender, HeadlessSurface& owner);
   ~HeadlessSurface() override;
@@ -62,6 +66,8 @@ class HeadlessSurface final : public PersistentDrawing<SurfaceBase>, public IMou
   std::unique_ptr<ILineElement> CreateLine() override;
   std::unique_ptr<IImageElement> CreateImage() override;
   std::unique_ptr<ITextBoxElement> CreateTextBox(bool multi_line) override;
+  std::unique_ptr<IListBoxElement> CreateListBox() override;
+  std::unique_ptr<IPictureBoxElement> CreatePictureBox() override;
 
   Signal<>& Resized() override { return resized_; }
   Signal<>& Click() override { return click_; }
@@ -78,8 +84,12 @@ class HeadlessSurface final : public PersistentDrawing<SurfaceBase>, public IMou
   const std::vector<IElement*>& Elements() const { return elements_->Elements(); }
 
   // Delivers one key stroke to the control: to the end of its focus path (a part, or the
-  // control itself), there to its text box when it has one, else to the surface's key events.
+  // control itself), there to the window that takes its keys (a text box or a list box: the one
+  // created, pressed or given the focus last) when it has one, else to the surface's key events.
   void DeliverKey(int16_t key_code, int16_t shift, int16_t character);
+  // Tells the window that takes the keys that it has them, or no longer has them, as the focus
+  // came to or left the surface's own window or the keys moved to another window.
+  void UpdateKeyHolder();
 
   // Delivers one mouse action at (x, y), twips in the control's inner coordinates. While a
   // button is held, the window or element it was pressed on keeps the mouse (as a captured
@@ -87,9 +97,15 @@ class HeadlessSurface final : public PersistentDrawing<SurfaceBase>, public IMou
   void Deliver(MouseAction action, int16_t button, int16_t shift, float x, float y);
 
   // Where a press at (x, y) (inner twips) puts the focus inside the control: on a part (and
-  // along the parts it remembers, `here` false), on the surface whose text box lies there
-  // (`here` true), or nowhere new (null) when it lies on the control's windowless area.
+  // along the parts it remembers, `here` false), on the surface whose text box or list box lies
+  // there (`here` true; that box takes the keys from now on), or nowhere new (null) when it lies
+  // on the control's windowless area. Over a control placed inside this one the answer lies in
+  // that control (its own surface with `here` false, or a surface of its parts): the root of the
+  // answer tells whose it is.
   HeadlessSurface* PressFocusTarget(double x, double y, bool& here);
+  // Whether every container around the control is shown and enabled, so that the control can
+  // be reached at all (true for a control placed on the form itself).
+  bool ContainersLetThrough() const;
   // The form gives its focus to the control or takes it away.
   void SetFormFocus(bool focused);
   bool FormFocus() const { return form_focus_; }
@@ -105,20 +121,28 @@ class HeadlessSurface final : public PersistentDrawing<SurfaceBase>, public IMou
   bool CanTakeFocus() const override;
   bool ShouldHoldFocus() const override;
   void TakeFocusNow() override;
+  void FocusPartChanged() override { UpdateKeyHolder(); }
+  void HoldsFocusChanged() override { UpdateKeyHolder(); }
 
  private:
   HeadlessSurface(HeadlessPlatform& platform, FormExtender& extender, HeadlessSurface* owner,
-                  WindowHandle parent_window);
+                  HeadlessSurface* container, WindowHandle parent_window);
   HeadlessSurface* OwnerSurface() const;
   double BorderTwips(double twips_per_pixel) const;
   int32_t BorderPixels() const;
   // Places the window where the extender says, inside its parent's inner area.
   PixelRect WindowBounds() const;
   void FollowExtender(std::u16string_view property);
+  // Places the windows of the parts and of the contained controls again (after the border
+  // changed).
   void PlacePartWindows();
 
   HeadlessPlatform& platform_;
   FormExtender& extender_;
+  // The container control's surface that this control lies in (null on the form), and the
+  // surfaces of the controls that lie in this one.
+  HeadlessSurface* container_ = nullptr;
+  std::vector<HeadlessSurface*> contained_;
   WindowHandle window_ = 0;
   OLE_COLOR back_color_;
   int16_t border_style_ = 0;
@@ -144,8 +168,8 @@ class HeadlessSurface final : public PersistentDrawing<SurfaceBase>, public IMou
   Signal<int16_t> access_key_press_;
   Signal<bool> shown_;
   OLE_COLOR mask_color_ = 0x80000008;
-  // The text box that takes the control's keys (the last one created), while it lives.
-  std::shared_ptr<HeadlessTextBox*> key_target_ = std::make_shared<HeadlessTextBox*>(nullptr);
+  // The window that takes the control's keys, shared with the windows that may take them.
+  std::shared_ptr<HeadlessKeyFocus> keys_ = std::make_shared<HeadlessKeyFocus>();
 };
 
 }  // namespace zk

@@ -6,11 +6,6 @@
 #include "platform/window_messages.h"
 
 namespace zk {
-namespace {
-
-constexpr int32_t kLargestItemHeight = 255;
-
-}  // namespace
 
 HeadlessWindowSystem::HeadlessWindowSystem() : ProcedureWindowSystem(0x00401000) {}
 
@@ -80,11 +75,6 @@ bool HeadlessWindowSystem::BringToTop(WindowHandle window) {
   return true;
 }
 
-int32_t HeadlessWindowSystem::ListHorizontalExtent(WindowHandle list_box) const {
-  auto found = windows_.find(list_box);
-  return found == windows_.end() ? 0 : found->second.horizontal_extent;
-}
-
 bool HeadlessWindowSystem::IsWindow(WindowHandle window) const {
   return window != 0 && windows_.contains(window);
 }
@@ -124,26 +114,6 @@ bool HeadlessWindowSystem::ReleaseCapture() {
 void HeadlessWindowSystem::OnClassProcedure(WindowHandle window, uint32_t message, int32_t wparam,
                                             int32_t lparam) {
   delivered_.push_back({window, message, wparam, lparam});
-}
-
-int32_t HeadlessWindowSystem::DefaultClassAnswer(WindowHandle window, uint32_t message,
-                                                 int32_t wparam, int32_t lparam) {
-  auto found = windows_.find(window);
-  if (found == windows_.end() || found->second.class_name != u"ListBox") return 0;
-  Window& list_box = found->second;
-  switch (message) {
-    case window_message::kListGetItemHeight:
-      return list_box.item_height;
-    case window_message::kListSetItemHeight:
-      if (lparam < 1 || lparam > kLargestItemHeight) return window_message::kListError;
-      list_box.item_height = lparam;
-      return 0;
-    case window_message::kListSetHorizontalExtent:
-      list_box.horizontal_extent = wparam;
-      return 0;
-    default:
-      return 0;
-  }
 }
 
 }  // namespace zk

@@ -20,8 +20,8 @@ struct MessageRecord {
 // An in-memory window tree. A window's rectangle is kept relative to its parent's client area
 // (the screen for a top-level window); windows have no non-client frame, so the client area is
 // the whole window. Every window starts with its class procedure, which records the messages
-// it receives and answers the list box messages for the class "ListBox" (row height 13 pixels
-// by default, heights from 1 to 255 accepted, a horizontal extent).
+// it receives and hands them to the window's class handler (the element that owns the window:
+// a list box answers the list box messages).
 class HeadlessWindowSystem final : public ProcedureWindowSystem {
  public:
   HeadlessWindowSystem();
@@ -40,8 +40,6 @@ class HeadlessWindowSystem final : public ProcedureWindowSystem {
   std::vector<WindowHandle> Children(WindowHandle window) const;
   bool BringToTop(WindowHandle window);
   size_t WindowCount() const { return windows_.size(); }
-  // The horizontal extent a list box was given, in pixels (0 for none or no list box).
-  int32_t ListHorizontalExtent(WindowHandle list_box) const;
 
   void SetActiveWindow(WindowHandle window) { active_window_ = window; }
   void SetCapture(WindowHandle window) { capture_ = window; }
@@ -64,17 +62,12 @@ class HeadlessWindowSystem final : public ProcedureWindowSystem {
     PixelRect bounds;
     // The place in the stack of its siblings: the higher, the nearer the top.
     uint64_t stack_order = 0;
-    int32_t item_height = 13;
-    int32_t horizontal_extent = 0;
   };
 
   WindowState* FindState(WindowHandle window, bool for_longs) override;
   // Records the message (the class procedure receives it).
   void OnClassProcedure(WindowHandle window, uint32_t message, int32_t wparam,
                         int32_t lparam) override;
-  // The list box messages of windows of the class "ListBox".
-  int32_t DefaultClassAnswer(WindowHandle window, uint32_t message, int32_t wparam,
-                             int32_t lparam) override;
   PixelPoint ClientOrigin(WindowHandle window) const;
 
   std::map<WindowHandle, Window> windows_;

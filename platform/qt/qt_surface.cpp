@@ -14,6 +14,8 @@
 #include "platform/qt/qt_input.h"
 #include "platform/qt/qt_label.h"
 #include "platform/qt/qt_line.h"
+#include "platform/qt/qt_list_box.h"
+#include "platform/qt/qt_picture_box.h"
 #include "platform/qt/qt_platform.h"
 #include "platform/qt/qt_shape.h"
 #include "platform/qt/qt_text.h"
@@ -119,17 +121,22 @@ class QtSurface::ControlWidget final : public QWidget {
   QtSurface& surface_;
 };
 
-QtSurface::QtSurface(QtPlatform& platform, FormExtender& extender, QWidget* form, bool can_focus)
-    : QtSurface(platform, extender, nullptr, form, can_focus) {}
+QtSurface::QtSurface(QtPlatform& platform, FormExtender& extender, QWidget* form, bool can_focus,
+                     QtSurface* container)
+    : QtSurface(platform, extender, nullptr, container,
+                container != nullptr ? container->widget_ : form, can_focus) {
+  if (container_ != nullptr) container_->contained_.push_back(this);
+}
 
 QtSurface::QtSurface(QtPlatform& platform, FormExtender& extender, QtSurface& owner)
-    : QtSurface(platform, extender, &owner, owner.widget_, true) {}
+    : QtSurface(platform, extender, &owner, nullptr, owner.widget_, true) {}
 
 QtSurface::QtSurface(QtPlatform& platform, FormExtender& extender, QtSurface* owner,
-                     QWidget* parent, bool can_focus)
+                     QtSurface* container, QWidget* parent, bool can_focus)
     : PersistentDrawing(owner),
       platform_(platform),
       extender_(extender),
+      container_(container),
       dispatcher_({&click_, &dbl_click_, &mouse_down_, &mouse_move_, &mouse_up_},
                   [this] { return std::pair<double, double>(ScaleWidth(), ScaleHeight()); }) {
   auto* widget = new ControlWidget(*this, parent);
@@ -147,6 +154,11 @@ QtSurface::QtSurface(QtPlatform& platform, FormExtender& extender, QtSurface* ow
 }
 
 QtSurface::~QtSurface() {
+  if (container_ != nullptr) std::erase(container_->contained_, this);
+  // A form takes out what a container holds before the container; should one outlive it, it
+  // no longer points at a surface that is gone.
+  for (QtSurface* contained : contained_)
+    contained->container_ = nullptr;
   // The owner stops pointing its focus at this part before the widget goes.
   SurfaceBase* owner = Owner();
   DetachFromOwner();
@@ -279,6 +291,26 @@ void QtSurface::SetAppearance(int16_t appearance) {
 void QtSurface::PlacePartWidgets() {
   for (SurfaceBase* part : Parts())
     static_cast<QtSurface*>(part)->FollowExtender(u"Move");
+  for (QtSurface* contained : contained_)
+    contained->FollowExtender(u"Move");
+}
+
+bool QtSurface::ContainersShown() const {
+  for (const QtSurface* around = container_; around != nullptr; around = around->container_) {
+    if (!around->extender_.Visible()) return false;
+  }
+  return true;
+}
+
+bool QtSurface::HoldsFocusWidget(const QWidget* focus) const {
+  if (focus == nullptr || widget_ == nullptr ||
+      (focus != widget_ && !widget_->isAncestorOf(focus))) {
+    return false;
+  }
+  // A control placed inside this one has a tree of its own.
+  const QtSurface* holder = SurfaceOf(focus);
+  return holder != nullptr &&
+         &const_cast<QtSurface*>(holder)->Root() == &const_cast<QtSurface*>(this)->Root();
 }
 
 bool QtSurface::Enabled() const {
@@ -301,8 +333,7 @@ void QtSurface::BringToFront() {
 void QtSurface::RefreshFocus() {
   auto& root = static_cast<QtSurface&>(Root());
   const QWidget* focus = QApplication::focusWidget();
-  if (focus != nullptr && root.widget_ != nullptr &&
-      (focus == root.widget_ || root.widget_->isAncestorOf(focus))) {
+  if (root.HoldsFocusWidget(focus)) {
     if (QtSurface* holder = SurfaceOf(focus)) holder->PointFocusAt(true);
   }
   SyncFocus();
@@ -318,17 +349,41 @@ QtSurface* QtSurface::PressFocusTarget(QWidget* widget, bool& here) {
     here = false;
   }
   if (surface == this && !here) return nullptr;
+  if (here) {
+    // The box pressed on (the child of the surface's widget that holds the widget) takes the
+    // surface's focus, before the focus moves.
+    QWidget* box = widget;
+    while (box->parentWidget() != nullptr && box->parentWidget() != surface->widget_)
+      box = box->parentWidget();
+    if (box->parentWidget() == surface->widget_ && (box->focusPolicy() & Qt::ClickFocus)) {
+      surface->SetOwnFocusWidget(box);
+    }
+  }
   return surface;
 }
 
+QWidget* QtSurface::OwnFocusWidget() const {
+  if (widget_ == nullptr) return nullptr;
+  return proxy_is_part_ ? own_focus_proxy_.data() : widget_->focusProxy();
+}
+
+void QtSurface::SetOwnFocusWidget(QWidget* widget) {
+  if (widget_ == nullptr) return;
+  // While a part has the focus inside the control, the box is where it goes when it comes back.
+  if (proxy_is_part_) {
+    own_focus_proxy_ = widget;
+  } else {
+    widget_->setFocusProxy(widget);
+  }
+}
+
 bool QtSurface::CanTakeFocus() const {
-  return widget_ != nullptr && extender_.Visible() && widget_->isEnabled();
+  // A widget inside a disabled container is disabled with it; a hidden container hides it.
+  return widget_ != nullptr && extender_.Visible() && widget_->isEnabled() && ContainersShown();
 }
 
 bool QtSurface::ShouldHoldFocus() const {
-  const QWidget* focus = QApplication::focusWidget();
-  return focus != nullptr && widget_ != nullptr &&
-         (focus == widget_ || widget_->isAncestorOf(focus));
+  return HoldsFocusWidget(QApplication::focusWidget());
 }
 
 void QtSurface::TakeFocusNow() {
@@ -394,9 +449,11 @@ void QtSurface::FollowExtender(std::u16string_view property) {
   }
   const double tpp_x = platform_.Screen().TwipsPerPixelX();
   const double tpp_y = platform_.Screen().TwipsPerPixelY();
-  // A part lies in its owner's inner area, inside the owner's border.
+  // A part lies in its owner's inner area, inside the owner's border, and a contained control
+  // in its container's.
   const auto* owner = static_cast<const QtSurface*>(Owner());
-  const int origin = owner != nullptr ? owner->BorderPixels() : 0;
+  const QtSurface* around = owner != nullptr ? owner : container_;
+  const int origin = around != nullptr ? around->BorderPixels() : 0;
   widget_->setGeometry(origin + Pixels(extender_.Left(), tpp_x),
                        origin + Pixels(extender_.Top(), tpp_y), Pixels(extender_.Width(), tpp_x),
                        Pixels(extender_.Height(), tpp_y));
@@ -413,6 +470,14 @@ namespace zk {
 
 std::unique_ptr<ITextBoxElement> QtSurface::CreateTextBox(bool multi_line) {
   return std::make_unique<QtTextBox>(*this, multi_line);
+}
+
+std::unique_ptr<IListBoxElement> QtSurface::CreateListBox() {
+  return std::make_unique<QtListBox>(*this);
+}
+
+std::unique_ptr<IPictureBoxElement> QtSurface::CreatePictureBox() {
+  return std::make_unique<QtPictureBox>(*this);
 }
 
 }  // namespace zk

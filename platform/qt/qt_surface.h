@@ -33,13 +33,17 @@ class QtPaintedElement {
 // the 3-D appearance), and reports mouse, keys and focus. Windowless elements are painted by the
 // surface and get their mouse events from it, as a container does for its light-weight
 // controls; elements with a window of their own (text boxes, lists) are child widgets. The
-// surface of a part is a child widget of its owner's, placed in twips of the owner's inner area.
+// surface of a part is a child widget of its owner's, placed in twips of the owner's inner area;
+// so is the surface of a control that the form placed inside a container control, which stays
+// a control of the form of its own (its focus is not its container's).
 // The focus inside a control is Qt's focus: a surface holds it while Qt's focus widget is its
 // widget or inside it, and the part that the focus goes to is the widget's focus proxy.
 class QtSurface final : public PersistentDrawing<SurfaceBase> {
  public:
-  // The surface of a control on a form (`form` is the form's widget).
-  QtSurface(QtPlatform& platform, FormExtender& extender, QWidget* form, bool can_focus);
+  // The surface of a control on a form (`form` is the form's widget), or inside the surface of
+  // the container control `container`.
+  QtSurface(QtPlatform& platform, FormExtender& extender, QWidget* form, bool can_focus,
+            QtSurface* container = nullptr);
   // The surface of a part of the control whose surface is `owner`.
   QtSurface(QtPlatform& platform, FormExtender& extender, QtSurface& owner);
   ~QtSurface() override;
@@ -87,6 +91,8 @@ class QtSurface final : public PersistentDrawing<SurfaceBase> {
   std::unique_ptr<ILineElement> CreateLine() override;
   std::unique_ptr<IImageElement> CreateImage() override;
   std::unique_ptr<ITextBoxElement> CreateTextBox(bool multi_line) override;
+  std::unique_ptr<IListBoxElement> CreateListBox() override;
+  std::unique_ptr<IPictureBoxElement> CreatePictureBox() override;
 
   Signal<>& Resized() override { return resized_; }
   Signal<>& Click() override { return click_; }
@@ -114,9 +120,14 @@ class QtSurface final : public PersistentDrawing<SurfaceBase> {
   // Follows Qt's focus: the surface (of this control's tree) that has it becomes the end of
   // the focus path, and the surfaces raise GotFocus and LostFocus as they gain or lose it.
   void RefreshFocus();
+  // The widget of the surface's own window that takes the focus when the surface does (a text
+  // box or a list box; null for the surface's widget itself), also while a part has it.
+  QWidget* OwnFocusWidget() const;
+  void SetOwnFocusWidget(QWidget* widget);
   // Where a press on `widget` (inside this control) puts the focus inside the control: on a
-  // part (along the parts it remembers, `here` false), on the surface whose text box it is
-  // (`here` true), or nowhere new (null) on the control's own area.
+  // part (along the parts it remembers, `here` false), on the surface whose text box or list
+  // box it is (`here` true; that box gets the surface's focus from now on), or nowhere new
+  // (null) on the control's own area.
   QtSurface* PressFocusTarget(QWidget* widget, bool& here);
 
  protected:
@@ -129,15 +140,26 @@ class QtSurface final : public PersistentDrawing<SurfaceBase> {
  private:
   class ControlWidget;
   friend class ControlWidget;
-  QtSurface(QtPlatform& platform, FormExtender& extender, QtSurface* owner, QWidget* parent,
-            bool can_focus);
+  QtSurface(QtPlatform& platform, FormExtender& extender, QtSurface* owner, QtSurface* container,
+            QWidget* parent, bool can_focus);
   void FollowExtender(std::u16string_view property);
+  // Places the widgets of the parts and of the contained controls again (after the border
+  // changed).
   void PlacePartWidgets();
+  // Whether every container around the control is shown (true on the form itself).
+  bool ContainersShown() const;
+  // Whether Qt's focus widget is this surface's widget or lies inside it and belongs to this
+  // control (not to a control placed inside it).
+  bool HoldsFocusWidget(const QWidget* focus) const;
   // Paints the background picture and the persistent drawing into the inner area.
   void PaintDrawing(QPainter& painter) const;
 
   QtPlatform& platform_;
   FormExtender& extender_;
+  // The container control's surface that this control lies in (null on the form), and the
+  // surfaces of the controls that lie in this one.
+  QtSurface* container_ = nullptr;
+  std::vector<QtSurface*> contained_;
   // Cleared by the widget's destructor: a closing form may delete it before the surface.
   QWidget* widget_ = nullptr;
   WindowHandle window_ = 0;

@@ -30,7 +30,8 @@ bool Readable(const PropertyRow& row) {
 // off, and its own element, read after it, takes the container's colour again unless it is F;
 // DesignMode locks or unlocks a text edit, and it is read after Locked. A progress bar's caption
 // shows its value while ShowProgress is on (an archived caption lasts only with it off), so
-// Progress and Percentage change the caption's element too.
+// Progress and Percentage change the caption's element too. A slider's Min brings its Value up
+// with it, and switching its AmbientBackColor on takes the container's colour.
 struct Companion {
   std::u16string_view kind;
   std::u16string_view property;
@@ -41,6 +42,7 @@ struct Companion {
 
 constexpr Companion kCompanions[] = {
     {u"ZKLabel", u"BackColor", u"AmbientBackColor", u"F"},
+    {u"ZKFrame", u"BackColor", u"AmbientBackColor", u"F"},
     {u"ZKTextEdit", u"Locked", u"DesignMode", u"T"},
     {u"ZKTextEdit", u"DesignMode", u"Locked", u""},
     {u"ZKMultiLineTextEdit", u"Locked", u"DesignMode", u"T"},
@@ -48,6 +50,8 @@ constexpr Companion kCompanions[] = {
     {u"ZKProgessBar", u"Caption", u"ShowProgress", u"F"},
     {u"ZKProgessBar", u"Progress", u"Caption", u""},
     {u"ZKProgessBar", u"Percentage", u"Caption", u""},
+    {u"ZKSlider", u"Min", u"Value", u""},
+    {u"ZKSlider", u"AmbientBackColor", u"BackColor", u""},
 };
 
 const Companion* CompanionOf(std::u16string_view kind, std::u16string_view property) {

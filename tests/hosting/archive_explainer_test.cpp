@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "foundation/text_encoding.h"
 #include "foundation/zk_error.h"
 #include "hosting/headless_form.h"
 
@@ -54,6 +55,24 @@ TEST_F(ArchiveExplainerTest, NamesEveryElementAndFlagsMissingAndExtraOnes) {
   EXPECT_EQ(short_lines.back(),
             u"  trace: ZKLabel | ParseArchiveStr (el: 2) | 9 | Subscript out of range");
   EXPECT_THROW(ExplainArchive(form_, u"ZKNothing", u""), ZKError);
+}
+
+TEST_F(ArchiveExplainerTest, KnowsTheFramesTwentyElements) {
+  const std::vector<std::u16string> lines = ExplainArchive(
+      form_, u"ZKFrame",
+      u"\"F\"|0|0|2895|1935|T|F|F|T|\"\"|0|F|,\"Totals\",0,2,0,3,-2147483633,T,1,0,5,0,F,"
+      u"-2147483630,\"MS Sans Serif\"#8.25#F#F#F#F,T,F,F,\"\",4");
+  EXPECT_EQ(lines[0], u"ZKFrame: 20 elements expected, 20 found");
+  const std::u16string expected[] = {
+      u"  4  Appearance            number 0", u"  5  (the surface's pointer shape) number 3",
+      u"  9  BorderWidth           number 0", u" 12  BorderDisables        False",
+      u" 19  BorderShape           number 4",
+  };
+  for (const std::u16string& line : expected) {
+    EXPECT_TRUE(std::find(lines.begin(), lines.end(), line) != lines.end()) << Utf16ToUtf8(line);
+  }
+  // A width of 0 is refused by the frame's setter without failing the string.
+  EXPECT_EQ(lines.back(), u"ParseArchiveStr: True");
 }
 
 TEST_F(ArchiveExplainerTest, KnowsTheProgressBarAndWhyItRefusesAString) {

@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 
 #include "headless_fixture.h"
+#include "platform/headless/headless_list_box.h"
 #include "platform/window_messages.h"
 #include "services/gui_mouse.h"
 
@@ -15,7 +17,13 @@ class GuiUtilsTest : public HeadlessTest {
  protected:
   HeadlessWindowSystem& windows_ = platform_.Windows();
   WindowHandle form_ = windows_.CreateWindow(0, u"Form", {200, 100, 600, 400});
-  WindowHandle list_ = windows_.CreateWindow(form_, u"ListBox", {10, 10, 110, 210});
+  // A list box of 100 x 200 pixels at (10, 10) in the form.
+  std::unique_ptr<HeadlessListBox> list_box_ = [this] {
+    auto list = std::make_unique<HeadlessListBox>(platform_, form_);
+    list->Move(150, 150, 1500, 3000);
+    return list;
+  }();
+  WindowHandle list_ = list_box_->hWnd();
 };
 
 TEST_F(GuiUtilsTest, MousePositionIsScreenOrClientRelative) {
@@ -37,15 +45,20 @@ TEST_F(GuiUtilsTest, ListRowHeightInPixelsAndTwips) {
   platform_.Screen().SetTwipsPerPixel(15, 12.5);
   EXPECT_EQ(MGuiUtils::GetListItemHeight(list_, true), 212);  // 212.5: halves to even
   MGuiUtils::SetListHorizontalExtent(list_, 450);
-  EXPECT_EQ(windows_.ListHorizontalExtent(list_), 450);
+  EXPECT_EQ(list_box_->HorizontalExtent(), 450);
 }
 
 TEST_F(GuiUtilsTest, WindowRectangleScrollBarAndDragging) {
   EXPECT_EQ(MGuiUtils::GetWindowRectArray(list_), (std::array<int32_t, 4>{210, 110, 310, 310}));
   EXPECT_EQ(MGuiUtils::GetWindowRectArray(999), (std::array<int32_t, 4>{0, 0, 0, 0}));
+  // 15 rows of 13 pixels fit between the 3-D border's edges (196 pixels); the 16th brings the
+  // scroll bar.
+  for (int row = 0; row < 15; ++row)
+    list_box_->AddItem(u"row", -1);
   EXPECT_FALSE(MGuiUtils::HasVerticalScrollBar(list_));
-  windows_.SetWindowLong(list_, window_long::kStyle, window_style::kVerticalScrollBar | 1);
+  list_box_->AddItem(u"row", -1);
   EXPECT_TRUE(MGuiUtils::HasVerticalScrollBar(list_));
+  EXPECT_FALSE(MGuiUtils::HasVerticalScrollBar(form_));
 
   windows_.SetCapture(list_);
   windows_.ClearDeliveredMessages();

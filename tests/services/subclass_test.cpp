@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "foundation/zk_error.h"
+#include "platform/headless/headless_list_box.h"
 #include "platform/headless_fixture.h"
 #include "platform/window_messages.h"
 #include "services/subclass_procs.h"
@@ -49,7 +50,8 @@ class SubclassTest : public HeadlessTest {
 
   HeadlessWindowSystem& windows_ = platform_.Windows();
   WindowHandle form_ = windows_.CreateWindow(0, u"Form", {0, 0, 400, 300});
-  WindowHandle list_ = windows_.CreateWindow(form_, u"ListBox", {10, 10, 110, 210});
+  HeadlessListBox list_box_{platform_, form_};
+  WindowHandle list_ = list_box_.hWnd();
   int32_t class_procedure_ = windows_.GetWindowLong(list_, window_long::kWindowProcedure);
 };
 
@@ -141,7 +143,7 @@ TEST_F(SubclassTest, ObjectAndWindowMayGoInAnyOrder) {
                {Ending::kWindowFirst, false},
                {Ending::kObjectInsideItsOwnHandler, true}};
   for (const auto& [ending, propagate] : cases) {
-    const WindowHandle window = windows_.CreateWindow(form_, u"ListBox", {});
+    const WindowHandle window = windows_.CreateWindow(form_, u"Control", {});
     auto spy = std::make_unique<Spy>(windows_, propagate);
     ASSERT_TRUE(spy->subclass.Hook(window));
     ScopedConnection destroyer =

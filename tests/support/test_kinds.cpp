@@ -4,6 +4,7 @@
 
 #include "controls/control_kinds.h"
 #include "support/test_composite.h"
+#include "support/test_plain.h"
 
 namespace zk {
 
@@ -13,6 +14,11 @@ void RegisterTestControlKinds() {
                                     return std::make_shared<ZKTestComposite>(site);
                                   },
                                   2880, 990, false, true, true});
+  RegisterControlKind(ControlKind{u"ZKTestPlain",
+                                  [](IControlSite& site) -> std::shared_ptr<ZKControl> {
+                                    return std::make_shared<ZKTestPlain>(site);
+                                  },
+                                  600, 300, false, false, false});
 }
 
 }  // namespace zk
