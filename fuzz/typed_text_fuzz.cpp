@@ -5,8 +5,8 @@
 // - a keystroke that the filter lets through is typed into the text the way a text box does, so
 //   later keystrokes meet texts the rules built themselves;
 // - IsTextValid never throws, and its pattern match agrees with the reference's exhaustive
-//   match on short texts; on long texts only the library's match runs, and libFuzzer's
-//   -timeout catches a match that backtracks;
+//   match on short texts; on any text the match's counted steps stay within text length times
+//   pattern length;
 // - the arrow-key step agrees with the reference.
 //
 // Input: a header of settings bytes, then pairs of bytes: a keystroke (or a caret move, a
@@ -129,9 +129,9 @@ class PlainRules final : public zk::TypedTextRules {
 
 constexpr std::u16string_view kSeparators[] = {u"/", u":",  u".", u",", u" ",
                                                u"",  u"--", u"-", u"1", u"ab"};
-constexpr std::u16string_view kPatterns[] = {u"",         u"##/##/####", u"*",       u"##-??",
-                                             u"[A-Z]*#",  u"*a*b*c*",    u"[!0-9]?", u"[a-]*[",
-                                             u"**?*?*??", u"[]",         u"[!]*",    u"#*#*#*#*#*"};
+constexpr std::u16string_view kPatterns[] = {
+    u"",       u"##/##/####", u"*",  u"##-??", u"[A-Z]*#",    u"*a*b*c*",      u"[!0-9]?",
+    u"[a-]*[", u"**?*?*??",   u"[]", u"[!]*",  u"#*#*#*#*#*", u"*a*a*a*a*a*b", u"*?*?*?*?*?*#"};
 // Units that the keystrokes pick from: digits, signs, every separator's unit, letters, the
 // blank and the keys with a meaning of their own.
 constexpr std::u16string_view kUnits = u"0123456789+-/:., aAzZ?#*[]!\b";
@@ -215,6 +215,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
           for (int copies = 0; copies < 6; ++copies)
             judged += judged + u"a1";
         }
+        // The match's work stays within text length times pattern length, whatever the
+        // pattern: counted, so that a backtracking match fails here and not only by time.
+        size_t steps = 0;
+        zk::MatchesTextFormat(judged, settings.TextFormat, steps);
+        Check(steps <= (judged.size() + 2) * (settings.TextFormat.size() + 1));
         try {
           const bool valid = zk::IsTextValid(judged, settings, rules);
           if (judged.size() <= kReferenceMatchLimit && !settings.TextFormat.empty()) {

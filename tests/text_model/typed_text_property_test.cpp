@@ -203,5 +203,33 @@ TEST(TypedTextProperty, RulesAndPlainStepsAgreeAfterEveryOperation) {
   EXPECT_GT(stepped, 0);
 }
 
+// Patterns whose "*" a backtracking match would try in every combination, against texts that
+// almost fit: the steps of the match grow with the text, never with a power of it.
+TEST(TypedTextProperty, PatternMatchStepsStayWithinTextTimesPattern) {
+  const struct {
+    std::u16string_view pattern;
+    char16_t fill;
+    std::u16string_view tail;
+  } cases[] = {{u"*a*a*a*a*a*b", u'a', u"c"},
+               {u"*?*?*?*?*?*#", u'x', u"y"},
+               {u"*[a-c]*[!0-9]*a#", u'a', u"b"},
+               {u"**********z", u'z', u"y"}};
+  for (const auto& test : cases) {
+    size_t previous = 0;
+    for (size_t length : {100u, 200u, 400u, 800u}) {
+      const std::u16string text = std::u16string(length, test.fill) + std::u16string(test.tail);
+      size_t steps = 0;
+      EXPECT_FALSE(MatchesTextFormat(text, test.pattern, steps));
+      EXPECT_EQ(MatchesTextFormat(text, test.pattern), false);
+      EXPECT_LE(steps, (text.size() + 2) * (test.pattern.size() + 1)) << Narrow(test.pattern);
+      // Doubling the text at most doubles the work (and a little for the pattern's ends).
+      if (previous != 0) {
+        EXPECT_LE(steps, 2 * previous + 2 * test.pattern.size() + 2);
+      }
+      previous = steps;
+    }
+  }
+}
+
 }  // namespace
 }  // namespace zk
