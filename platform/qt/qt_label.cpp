@@ -12,6 +12,14 @@
 
 namespace zk {
 
+namespace {
+
+// The system colours of the 3-D highlight and of grey (disabled) text.
+constexpr OLE_COLOR kSystemHighlight3D = 0x80000014;
+constexpr OLE_COLOR kSystemGrayText = 0x80000011;
+
+}  // namespace
+
 QtLabel::QtLabel(QtSurface& surface, FontDescription font) : LabelState(std::move(font), surface) {}
 
 void QtLabel::Paint(QPainter& painter, const QRectF& area) const {
@@ -19,8 +27,6 @@ void QtLabel::Paint(QPainter& painter, const QRectF& area) const {
   painter.setClipRect(area, Qt::IntersectClip);
   if (BackStyle() != 0) painter.fillRect(area, ToQColor(BackColor(), colors));
   painter.setFont(Surface().Platform().Fonts().ToQFont(ShownFont()));
-  painter.setPen(Enabled() ? ToQColor(ForeColor(), colors)
-                           : colors.color(QPalette::Disabled, QPalette::WindowText));
   int flags = Qt::AlignTop;
   flags |= Alignment() == 1 ? Qt::AlignRight : Alignment() == 2 ? Qt::AlignHCenter : Qt::AlignLeft;
   if (WordWrap()) flags |= Qt::TextWordWrap;
@@ -31,6 +37,15 @@ void QtLabel::Paint(QPainter& painter, const QRectF& area) const {
     text.replace(QChar(u'\r'), QChar(u'\n'));
     if (!UseMnemonic()) text.replace(QChar(u'&'), QStringLiteral("&&"));
     painted_text_ = std::move(text);
+  }
+  if (Enabled()) {
+    painter.setPen(ToQColor(ForeColor(), colors));
+  } else {
+    // Disabled text is engraved: a highlight one pixel down and right under the grey text,
+    // so that it stays readable on any grey a disabled control puts behind it.
+    painter.setPen(ToQColor(kSystemHighlight3D, colors));
+    painter.drawText(area.translated(1, 1), flags, *painted_text_);
+    painter.setPen(ToQColor(kSystemGrayText, colors));
   }
   painter.drawText(area, flags, *painted_text_);
 }

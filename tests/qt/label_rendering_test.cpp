@@ -87,5 +87,34 @@ TEST_F(LabelRenderingTest, LayoutRelationsHoldWithRealFontMetrics) {
   EXPECT_GT(text.Height(), 2 * one_line);  // wrapped onto several lines
 }
 
+TEST_F(LabelRenderingTest, DisabledTextIsEngravedAndStaysReadableOnGrey) {
+  ZKLabel& label = AddLabel(u"L", 3000, 600);
+  label.SetBackColor(0xB4B4B4);  // the grey a disabled control puts behind its text
+  label.SetForeColor(0x000000);
+  label.SetCaption(u"MMMM");
+  const QRgb grey = qRgb(0xB4, 0xB4, 0xB4);
+  const QImage enabled = Render(u"L");
+  label.SetEnabled(false);
+  const QImage disabled = Render(u"L");
+  // Text is smoothed, so the two colours show as ink lighter and darker than the grey.
+  bool has_shadow = false;
+  bool has_highlight = false;
+  for (int y = 0; y < disabled.height(); ++y) {
+    for (int x = 0; x < disabled.width(); ++x) {
+      const int level = qGray(disabled.pixel(x, y));
+      EXPECT_GT(level, 40) << "the fore colour at " << x << "," << y;
+      has_shadow = has_shadow || level < qGray(grey) - 40;
+      has_highlight = has_highlight || level > qGray(grey) + 40;
+    }
+  }
+  EXPECT_TRUE(has_shadow);
+  EXPECT_TRUE(has_highlight);
+  // The highlight lies one pixel down and right of the shadow: the ink grows by one pixel.
+  const QRect ink = InkBox(enabled, grey, enabled.rect());
+  const QRect engraved = InkBox(disabled, grey, disabled.rect());
+  EXPECT_EQ(engraved.topLeft(), ink.topLeft());
+  EXPECT_EQ(engraved.bottomRight(), ink.bottomRight() + QPoint(1, 1));
+}
+
 }  // namespace
 }  // namespace zk
