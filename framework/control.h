@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -143,6 +144,11 @@ class ZKControl : public DispatchObject {
   void StoreControlGroup(std::u16string group) { control_group_ = std::move(group); }
   void StoreDesignMode(bool design_mode) { design_mode_ = design_mode; }
 
+  // Expires when the control is destroyed. A host's handler may remove the control from its
+  // form inside any event that the control raises: input code that goes on after raising one
+  // holds the token across the call and stops when it expired.
+  std::weak_ptr<const char> LifeToken() const { return life_; }
+
  private:
   IControlSite& site_;
   std::u16string control_group_;
@@ -151,6 +157,7 @@ class ZKControl : public DispatchObject {
   ScopedConnection font_connection_;
   ScopedConnection ambient_connection_;
   EventObserver event_raised_;
+  std::shared_ptr<const char> life_ = std::make_shared<const char>(0);
 };
 
 }  // namespace zk

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <span>
 #include <string_view>
 #include <utility>
@@ -34,7 +35,11 @@ class ControlEvent {
   void Raise(Args... args) {
     if (observer_.HasHandlers()) {
       const Variant values[] = {Variant(), variant_conversion::ToVariant(args)...};
+      if (!life_) life_ = std::make_shared<const char>(0);
+      const std::weak_ptr<const char> life = life_;
       observer_.Emit(name_, std::span<const Variant>(values).subspan(1));
+      // A listener may have removed the control from its form, and this event went with it.
+      if (life.expired()) return;
     }
     signal_.Emit(args...);
   }
@@ -43,6 +48,8 @@ class ControlEvent {
   EventObserver& observer_;
   std::u16string_view name_;
   Signal<Args...> signal_;
+  // Expires with the event; made the first time a listener hears it.
+  std::shared_ptr<const char> life_;
 };
 
 // Connects a platform signal straight to an event of the control: every emission raises the

@@ -200,6 +200,12 @@ int16_t FilterTypedKey(int16_t code, std::u16string_view text, int32_t sel_start
 }
 
 bool MatchesTextFormat(std::u16string_view text, std::u16string_view pattern) noexcept {
+  size_t steps = 0;
+  return MatchesTextFormat(text, pattern, steps);
+}
+
+bool MatchesTextFormat(std::u16string_view text, std::u16string_view pattern,
+                       size_t& steps) noexcept {
   // Every element but "*" takes exactly one unit, so on a mismatch only the latest "*" needs to
   // take one unit more: the earlier ones could not place the rest any better. This keeps the
   // work at text length times pattern length, however many "*" there are.
@@ -209,6 +215,7 @@ bool MatchesTextFormat(std::u16string_view text, std::u16string_view pattern) no
   size_t star_p = kNone;
   size_t star_t = 0;
   while (t < text.size()) {
+    ++steps;
     if (p < pattern.size() && pattern[p] == u'*') {
       star_p = ++p;
       star_t = t;
@@ -224,8 +231,10 @@ bool MatchesTextFormat(std::u16string_view text, std::u16string_view pattern) no
     p = star_p;
     t = ++star_t;
   }
-  while (p < pattern.size() && pattern[p] == u'*')
+  while (p < pattern.size() && pattern[p] == u'*') {
+    ++steps;
     ++p;
+  }
   return p == pattern.size();
 }
 

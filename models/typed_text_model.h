@@ -83,6 +83,10 @@ int16_t FilterTypedKey(int16_t code, std::u16string_view text, int32_t sel_start
 // itself, and "[]" matches nothing while "[!]" matches any unit. A "[" without a later "]" is a
 // literal "[", as is every other character. Time is linear in the text for each pattern element.
 bool MatchesTextFormat(std::u16string_view text, std::u16string_view pattern) noexcept;
+// The same match, adding the steps it takes to `steps`: never more than (text length + 2) x
+// (pattern length + 1), however the "*" fall (tests check that bound).
+bool MatchesTextFormat(std::u16string_view text, std::u16string_view pattern,
+                       size_t& steps) noexcept;
 
 // The finished text fits TextFormat (when one is set) and is a value of the DataType. Every
 // separator is replaced (or removed) wherever it stands before the locale's numeric or date test.

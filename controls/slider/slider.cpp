@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <limits>
+#include <memory>
 #include <utility>
 
 #include "foundation/debug_utils.h"
@@ -737,10 +738,12 @@ bool ZKSlider::FromInput(std::u16string_view procedure, Action&& action) {
 void ZKSlider::ControlMouseDown(int16_t button, int16_t shift, float x, float y) {
   // A press on the track, or on the thumb itself, puts the thumb's centre under the mouse.
   if ((button & kLeftButton) != 0 && !jog_mouse_) {
+    // The host's Change handler may remove the slider from its form.
+    const std::weak_ptr<const char> life = LifeToken();
     const bool done = FromInput(u"MouseDown", [&] {
       if (model_.WriteValueAt(x, y, Measure())) ValueChanged();
     });
-    if (!done) return;
+    if (!done || life.expired()) return;
   }
   MouseDown.Raise(button, shift, x, y);
 }
@@ -748,6 +751,9 @@ void ZKSlider::ControlMouseDown(int16_t button, int16_t shift, float x, float y)
 void ZKSlider::JogDown(Button& jog, bool increment, int16_t button, int16_t shift, float x,
                        float y) {
   const Bounds at = BoundsOf(jog);
+  // The host's Change and MouseDown handlers may remove the slider from its form: then
+  // nothing of it is touched again (the repeat would start on a timer that is gone).
+  const std::weak_ptr<const char> life = LifeToken();
   if ((button & kLeftButton) != 0 && !DesignMode()) {
     const double before = Value();
     const bool done = FromInput(u"MouseDown", [&] {
@@ -757,13 +763,20 @@ void ZKSlider::JogDown(Button& jog, bool increment, int16_t button, int16_t shif
         DecrementValue();
       }
     });
-    if (!done) return;
+    if (!done || life.expired()) return;
     // 0 at a limit: the timer runs, and the value stays.
     repeat_step_ = Value() - before;
     timer_.SetInterval(kFirstRepeat);
     timer_.SetEnabled(true);
   }
-  const FlagScope from_jog(jog_mouse_);
+  struct FromJog {
+    const std::weak_ptr<const char>& life;
+    bool& flag;
+    ~FromJog() {
+      if (!life.expired()) flag = false;
+    }
+  } from_jog{life, jog_mouse_};
+  jog_mouse_ = true;
   ControlMouseDown(button, shift, x + static_cast<float>(at.left), y + static_cast<float>(at.top));
 }
 
@@ -786,15 +799,17 @@ void ZKSlider::ThumbMove(int16_t button, int16_t shift, float x, float y) {
   float cy = y + static_cast<float>(at.top);
   // The thumb holds the mouse while its button is down: dragging moves its centre along.
   if ((button & kLeftButton) != 0 && !DesignMode()) {
+    const std::weak_ptr<const char> life = LifeToken();
     const bool done = FromInput(u"MouseMove", [&] {
       if (model_.WriteValueAt(cx, cy, Measure())) ValueChanged();
     });
-    if (!done) return;
+    if (!done || life.expired()) return;
   }
   MouseMove.Raise(button, shift, cx, cy);
 }
 
 void ZKSlider::HandleKeyDown(int16_t& key_code, int16_t& shift) {
+  const std::weak_ptr<const char> life = LifeToken();
   const bool done = FromInput(u"KeyDown", [&] {
     if (Horizontal()) {
       if (key_code == kArrowLeft) DecrementValue();
@@ -804,7 +819,7 @@ void ZKSlider::HandleKeyDown(int16_t& key_code, int16_t& shift) {
       if (key_code == kArrowDown) IncrementValue();
     }
   });
-  if (done) KeyDown.Raise(key_code, shift);
+  if (done && !life.expired()) KeyDown.Raise(key_code, shift);
 }
 
 void ZKSlider::WindowMessage(uint32_t message, int32_t wparam) {

@@ -1,0 +1,25 @@
+ZKBaseGUIControls form 1
+Begin ZKTextEdit A
+  Left = 0
+  Top = 0
+  Width = 1215
+  Height = 315
+  Visible = True
+  ToolTipText = "t"
+  TabIndex = 0
+  TabStop = True
+End
+Begin ZKLabel L
+  Left = 0
+  Top = 0
+  Width = 1935
+  Height = 375
+  Visible = True
+  Default = False
+  Cancel = False
+  ToolTipText = ""
+  TabIndex = 1
+  TabStop = False
+  Caption = "x \"y\""
+  BackColor = -2147483633
+End
