@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <exception>
 #include <functional>
 #include <limits>
 #include <string>
@@ -1160,33 +1161,40 @@ bool ZKEditList::ParseArchiveStr(std::u16string_view p_str) {
 void ZKEditList::ReadProperties(IPropertyBag& bag) {
   const FlagScope loading(loading_);
   IAmbientProperties& ambient = Site().Ambient();
-  for (const PropertyRow* row : Properties().BagReadOrder()) {
-    if (row->BagKey() == kItemCountKey) {
-      // The rows come back as they were stored: no sorted placement, no index tags.
-      IgnoringFailure([&] {
-        model_.ReadRows([&bag](std::u16string_view key, const Variant& default_value) {
-          return bag.ReadProperty(key, default_value);
-        });
-      });
-      MirrorAllRows();
-      continue;
-    }
-    const Variant default_value = row->BagKey() == kRowHeightKey
-                                      ? Variant(NaturalRowHeight(Font()))
-                                      : row->bag_default.Resolve(ambient);
-    try {
+  // A bag that fails part way goes on to the host, but only after the columns show the rows and
+  // the looks read so far, so that the control stays whole.
+  std::exception_ptr failure;
+  try {
+    for (const PropertyRow* row : Properties().BagReadOrder()) {
+      if (row->BagKey() == kItemCountKey) {
+        // The rows come back as they were stored: no sorted placement, no index tags.
+        try {
+          model_.ReadRows([&bag](std::u16string_view key, const Variant& default_value) {
+            return bag.ReadProperty(key, default_value);
+          });
+        } catch (...) {
+          MirrorAllRows();
+          throw;
+        }
+        MirrorAllRows();
+        continue;
+      }
+      const Variant default_value = row->BagKey() == kRowHeightKey
+                                        ? Variant(NaturalRowHeight(Font()))
+                                        : row->bag_default.Resolve(ambient);
       row->store(*this, bag.ReadProperty(row->BagKey(), default_value));
-    } catch (...) {
-      MDebugUtils::TraceError(Name(), u"ReadProperties (" + std::u16string(row->BagKey()) + u")");
+      if (row->BagKey() == u"Font") {
+        IgnoringFailure([&] { lst_items_->SetFont(Font()->Description()); });
+      }
     }
-    if (row->BagKey() == u"Font") {
-      IgnoringFailure([&] { lst_items_->SetFont(Font()->Description()); });
-    }
+  } catch (...) {
+    failure = std::current_exception();
   }
   SortKeyChanged();
   ApplyEnabledLook();
   ApplyAppearance();
   SyncTagsToItems();
+  if (failure) std::rethrow_exception(failure);
 }
 
 void ZKEditList::WriteProperties(IPropertyBag& bag) {

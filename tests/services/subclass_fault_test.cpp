@@ -55,6 +55,8 @@ class RefusingWindows final : public IWindowSystem {
   void ReleaseWindowProcedure(int32_t address) override { inner_.ReleaseWindowProcedure(address); }
   bool ReleaseCapture() override { return inner_.ReleaseCapture(); }
   WindowHandle GetActiveWindow() const override { return inner_.GetActiveWindow(); }
+  bool ActivateWindow(WindowHandle window) override { return inner_.ActivateWindow(window); }
+  Signal<WindowHandle>& Activated() override { return inner_.Activated(); }
 
   bool refuse_procedure = false;
 
