@@ -2,10 +2,10 @@
 #include <string>
 #include <vector>
 
-#include "services/gui_utils.h"
-#include "services/subclass.h"
 #include "list_box_fixture.h"
 #include "platform/platform.h"
+#include "services/gui_utils.h"
+#include "services/subclass.h"
 
 namespace zk {
 namespace {

@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "services/subclass.h"
 #include "list_box_fixture.h"
 #include "platform/qt/qt_colors.h"
+#include "services/subclass.h"
 
 namespace zk {
 namespace {
