@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "foundation/low_level_utils.h"
+#include "framework/caption_input.h"
 #include "framework/layout_steps.h"
 #include "platform/platform.h"
 
@@ -52,14 +53,7 @@ void ZKFrame::ConnectInput() {
   ILabelElement& caption = *lbl_label_;
   connections_.reserve(11);
   connections_.push_back(surface.Resized().Connect([this] { Layout(); }));
-  connections_.push_back(ForwardTo(surface.Click(), Click));
-  connections_.push_back(ForwardTo(surface.DblClick(), DblClick));
-  connections_.push_back(ForwardTo(caption.Click(), Click));
-  connections_.push_back(ForwardTo(caption.DblClick(), DblClick));
-  connections_.push_back(ForwardTo(surface.MouseDown(), MouseDown));
-  connections_.push_back(ForwardTo(surface.MouseMove(), MouseMove));
-  connections_.push_back(ForwardTo(surface.MouseUp(), MouseUp));
-  caption_mouse_.Connect(connections_);
+  ConnectCaptionInput(*this, surface, caption, caption_mouse_, connections_);
 }
 
 const PropertyTable& ZKFrame::Properties() const {

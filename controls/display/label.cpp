@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "foundation/low_level_utils.h"
+#include "framework/caption_input.h"
 #include "framework/layout_steps.h"
 #include "platform/platform.h"
 
@@ -44,14 +45,7 @@ void ZKLabel::ConnectInput() {
   // Handlers capture one pointer, so that none of them needs a heap block of its own.
   connections_.reserve(11);
   connections_.push_back(surface.Resized().Connect([this] { Layout(); }));
-  connections_.push_back(ForwardTo(surface.Click(), Click));
-  connections_.push_back(ForwardTo(surface.DblClick(), DblClick));
-  connections_.push_back(ForwardTo(label.Click(), Click));
-  connections_.push_back(ForwardTo(label.DblClick(), DblClick));
-  connections_.push_back(ForwardTo(surface.MouseDown(), MouseDown));
-  connections_.push_back(ForwardTo(surface.MouseMove(), MouseMove));
-  connections_.push_back(ForwardTo(surface.MouseUp(), MouseUp));
-  text_mouse_.Connect(connections_);
+  ConnectCaptionInput(*this, surface, label, text_mouse_, connections_);
 }
 
 const PropertyTable& ZKLabel::Properties() const {

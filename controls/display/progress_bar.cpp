@@ -9,6 +9,7 @@
 #include "foundation/flag_scope.h"
 #include "foundation/low_level_utils.h"
 #include "foundation/zk_error.h"
+#include "framework/caption_input.h"
 #include "framework/layout_steps.h"
 
 namespace zk {
@@ -104,14 +105,7 @@ void ZKProgessBar::ConnectInput() {
   ILabelElement& label = *lbl_progress_;
   connections_.reserve(11);
   connections_.push_back(surface.Resized().Connect([this] { Layout(); }));
-  connections_.push_back(ForwardTo(surface.Click(), Click));
-  connections_.push_back(ForwardTo(surface.DblClick(), DblClick));
-  connections_.push_back(ForwardTo(label.Click(), Click));
-  connections_.push_back(ForwardTo(label.DblClick(), DblClick));
-  connections_.push_back(ForwardTo(surface.MouseDown(), MouseDown));
-  connections_.push_back(ForwardTo(surface.MouseMove(), MouseMove));
-  connections_.push_back(ForwardTo(surface.MouseUp(), MouseUp));
-  caption_mouse_.Connect(connections_);
+  ConnectCaptionInput(*this, surface, label, caption_mouse_, connections_);
 }
 
 const PropertyTable& ZKProgessBar::Properties() const {
