@@ -1,9 +1,11 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "controls/control_kinds.h"
@@ -92,7 +94,11 @@ class Form {
   virtual bool Focus(std::u16string_view name) = 0;
   // Types the keys (SendKeys notation) into the control that has the focus.
   virtual void TypeKeys(std::u16string_view keys) = 0;
-  virtual void Wheel(std::u16string_view name, int32_t delta) = 0;
+  // Turns the mouse wheel by `delta` (120 a notch, toward the user negative) over the control:
+  // its own window gets it, or with a place (x, y twips in the control's coordinates) the
+  // window under that point (a list box of the control, a part).
+  virtual void Wheel(std::u16string_view name, int32_t delta,
+                     std::optional<std::pair<float, float>> at = std::nullopt) = 0;
   // Lets the given milliseconds pass, delivering what falls due.
   virtual void Wait(int32_t milliseconds) = 0;
 

@@ -128,13 +128,16 @@ void HeadlessForm::TypeKeys(std::u16string_view keys) {
   }
 }
 
-void HeadlessForm::Wheel(std::u16string_view name, int32_t delta) {
+void HeadlessForm::Wheel(std::u16string_view name, int32_t delta,
+                         std::optional<std::pair<float, float>> at) {
   HeadlessControlSite* site = FindSite(name);
   if (site == nullptr) throw ZKError(error_number::kInvalidProcedureCall, u"No such control");
   // The turn travels in the upper 16 bits of the message's first value.
   const auto wparam =
       static_cast<int32_t>(static_cast<uint32_t>(static_cast<uint16_t>(delta)) << 16);
-  platform_.Windows().SendMessage(site->Surface().hWnd(), window_message::kMouseWheel, wparam, 0);
+  const WindowHandle window =
+      at ? site->Surface().WindowAt(at->first, at->second) : site->Surface().hWnd();
+  platform_.Windows().SendMessage(window, window_message::kMouseWheel, wparam, 0);
 }
 
 void HeadlessForm::Wait(int32_t milliseconds) {

@@ -27,7 +27,8 @@ class HeadlessForm final : public Form {
                     float x, float y) override;
   bool Focus(std::u16string_view name) override;
   void TypeKeys(std::u16string_view keys) override;
-  void Wheel(std::u16string_view name, int32_t delta) override;
+  void Wheel(std::u16string_view name, int32_t delta,
+             std::optional<std::pair<float, float>> at = std::nullopt) override;
   void Wait(int32_t milliseconds) override;
   void DeliverPopupMouse(IPopupWindow& popup, MouseAction action, int16_t button, int16_t shift,
                          float x, float y) override;

@@ -306,16 +306,27 @@ void QtForm::TypeKeys(std::u16string_view keys) {
   }
 }
 
-void QtForm::Wheel(std::u16string_view name, int32_t delta) {
+void QtForm::Wheel(std::u16string_view name, int32_t delta,
+                   std::optional<std::pair<float, float>> at) {
   QtControlSite* site = FindSite(name);
   if (site == nullptr || site->Surface().Widget() == nullptr) {
     throw ZKError(error_number::kInvalidProcedureCall, u"No such control");
   }
-  QWidget* control = site->Surface().Widget();
-  const QPointF centre(control->width() / 2.0, control->height() / 2.0);
-  QWheelEvent event(centre, control->mapToGlobal(centre), QPoint(), QPoint(0, delta), Qt::NoButton,
+  QtSurface& surface = site->Surface();
+  QWidget* control = surface.Widget();
+  // With a place, the deepest widget under it gets the turn (a list's viewport), as under a
+  // mouse; without one, the control's own window over its centre.
+  QPoint pixel(control->width() / 2, control->height() / 2);
+  QWidget* target = control;
+  if (at) {
+    pixel = QPoint(static_cast<int>(at->first / surface.XToTwips(1) + surface.BorderPixels()),
+                   static_cast<int>(at->second / surface.YToTwips(1) + surface.BorderPixels()));
+    if (QWidget* child = control->childAt(pixel)) target = child;
+  }
+  const QPointF local = target->mapFrom(control, pixel);
+  QWheelEvent event(local, target->mapToGlobal(local), QPoint(), QPoint(0, delta), Qt::NoButton,
                     Qt::NoModifier, Qt::NoScrollPhase, false);
-  QApplication::sendEvent(control, &event);
+  QApplication::sendEvent(target, &event);
 }
 
 void QtForm::Wait(int32_t milliseconds) {

@@ -393,8 +393,13 @@ void ScriptHost::Focus(ScriptParser& operands, bool then_type) {
 void ScriptHost::Wheel(ScriptParser& operands) {
   const std::u16string name = operands.Name();
   const int32_t delta = Variant(operands.Number()).ToInt32();
-  operands.ExpectEnd(u"the delta");
-  form_.Wheel(name, delta);
+  std::optional<std::pair<float, float>> at;
+  if (!operands.AtEnd()) {
+    const auto x = static_cast<float>(operands.Number());
+    at.emplace(x, static_cast<float>(operands.Number()));
+  }
+  operands.ExpectEnd(u"the place");
+  form_.Wheel(name, delta, at);
 }
 
 void ScriptHost::Wait(ScriptParser& operands) {

@@ -34,7 +34,7 @@ namespace zk {
 //   form.BackColor = &HFF          ambient values: BackColor, ForeColor, UserMode, TwipsPerPixel
 //   save FILE / load FILE          the form file of every control
 //   click|dblclick NAME [X Y], mousedown|mousemove|mouseup NAME X Y [BUTTON [SHIFT]],
-//   focus NAME, sendkeys NAME KEYS, wheel NAME DELTA, wait MS
+//   focus NAME, sendkeys NAME KEYS, wheel NAME DELTA [X Y], wait MS
 //   click C.ListWindow X Y ...     the input statements above (but focus and wheel) also reach
 //                                    a popup window that a control shows under a name of its
 //                                    own (ZKControl::NamedPopup), in twips of that window

@@ -329,6 +329,21 @@ HeadlessSurface* HeadlessSurface::PressFocusTarget(double x, double y, bool& her
   return part;
 }
 
+WindowHandle HeadlessSurface::WindowAt(double x, double y) const {
+  IMouseWindow* window = elements_->WindowAt(x, y);
+  if (window == nullptr) return hWnd();
+  if (const auto* part = dynamic_cast<const HeadlessSurface*>(window)) {
+    const double twips_x = platform_.Screen().TwipsPerPixelX();
+    const double twips_y = platform_.Screen().TwipsPerPixelY();
+    return part->WindowAt(x - part->extender_.Left() - part->BorderTwips(twips_x),
+                          y - part->extender_.Top() - part->BorderTwips(twips_y));
+  }
+  if (const auto* box = dynamic_cast<const IListBoxElement*>(window)) return box->hWnd();
+  if (const auto* box = dynamic_cast<const ITextBoxElement*>(window)) return box->hWnd();
+  if (const auto* box = dynamic_cast<const IPictureBoxElement*>(window)) return box->hWnd();
+  return hWnd();
+}
+
 void HeadlessSurface::SetFormFocus(bool focused) {
   form_focus_ = focused;
   SyncFocus();

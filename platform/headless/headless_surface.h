@@ -105,6 +105,9 @@ class HeadlessSurface final : public PersistentDrawing<SurfaceBase>, public IMou
   // that control (its own surface with `here` false, or a surface of its parts): the root of the
   // answer tells whose it is.
   HeadlessSurface* PressFocusTarget(double x, double y, bool& here);
+  // The deepest window under (x, y), inner twips: a box's window, a part's (or a contained
+  // control's) window or the control's own. Where a wheel turned over that point goes.
+  WindowHandle WindowAt(double x, double y) const;
   // Whether every container around the control is shown and enabled, so that the control can
   // be reached at all (true for a control placed on the form itself).
   bool ContainersLetThrough() const;
