@@ -30,12 +30,16 @@ class ListRows {
   };
   // The block that holds row `index` (for Size(), the last block's end).
   Place Find(int32_t index) const;
+  // Counts come and go in block `block` (a row inserted or erased there).
+  void CountRows(size_t block, int32_t delta);
+  // Builds the block counts again after blocks were added or removed.
+  void RecountBlocks();
 
   std::vector<std::vector<std::u16string>> blocks_;
+  // The blocks' row counts as a binary indexed tree: finding the block of a row takes a few
+  // steps however many blocks there are, where walking the blocks would take thousands.
+  std::vector<int32_t> counts_;
   int32_t size_ = 0;
-  // The block and the first row of the last lookup: rows near each other are found at once.
-  mutable size_t hint_block_ = 0;
-  mutable int32_t hint_first_ = 0;
 };
 
 }  // namespace zk
